@@ -1,0 +1,56 @@
+# The rules every folder of the house builds under, and the words to declare one:
+#   varnhold_library(NAME SOURCES ... USES ...)   a folder is a target; USES is all it may link
+#   varnhold_test(NAME SOURCES ... USES ...)      one GoogleTest program, run shuffled by ctest
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+
+set(VARNHOLD_SANITIZE "" CACHE STRING "Sanitizers to build with, as for -fsanitize=")
+option(VARNHOLD_FUZZ "Build the libFuzzer targets instead of the tests" OFF)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+if(VARNHOLD_SANITIZE)
+  add_compile_options(-fsanitize=${VARNHOLD_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -O1)
+  add_link_options(-fsanitize=${VARNHOLD_SANITIZE})
+endif()
+if(VARNHOLD_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(WIN32)
+  add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
+  add_link_options(-static)
+endif()
+
+add_library(varnhold_warnings INTERFACE)
+target_compile_options(varnhold_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+
+function(varnhold_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${arg_USES} PRIVATE varnhold_warnings)
+endfunction()
+
+function(varnhold_test name)
+  cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
+  target_compile_definitions(${name} PRIVATE VARNHOLD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${name} PRIVATE ${arg_USES} varnhold_warnings GTest::gmock GTest::gtest_main)
+  add_test(NAME ${name} COMMAND ${name} --gtest_shuffle --gtest_brief=1)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+endfunction()
+
+# The host's ODBC driver manager.
+add_library(odbc_driver_manager INTERFACE)
+target_link_libraries(odbc_driver_manager INTERFACE $<IF:$<BOOL:${WIN32}>,odbc32,odbc>)

@@ -11,19 +11,19 @@ namespace varnhold {
 /// The small ones are the classic numbers of the product's platform; the large ones are HRESULTs of its
 /// database layer, kept signed because that is how they are shown.
 enum ErrorNumber : std::int32_t {
-  kInvalidProcedureCall = 5,       ///< an argument that makes no sense, such as a negative length
-  kTypeMismatch = 13,              ///< text where a number is needed
-  kLibraryFunctionMissing = 453,   ///< the library is there, the function is not
-  kFileNotFound = 53,              ///< a file or library is not there
-  kDiskFull = 61,                  ///< no room left to write
-  kPermissionDenied = 70,          ///< the host refuses access
-  kPathFileAccess = 75,            ///< a path cannot be opened for what was asked
-  kInvalidUseOfNull = 94,          ///< NULL where a value is needed
-  kItemNotFound = 3265,            ///< no column of that name (ADO adErrItemNotFound)
-  kObjectClosed = 3704,            ///< the object is closed (ADO adErrObjectClosed)
-  kNoCurrentRow = 3021,            ///< before the first or behind the last row (ADO adErrNoCurrentRecord)
-  kStatementRefused = -2147217900, ///< 0x80040E14: the engine refuses the statement
-  kDatabaseFailed = -2147467259,   ///< 0x80004005: any other failure of the database
+  kInvalidProcedureCall = 5,        ///< an argument that makes no sense, such as a negative length
+  kTypeMismatch = 13,               ///< text where a number is needed
+  kLibraryFunctionMissing = 453,    ///< the library is there, the function is not
+  kFileNotFound = 53,               ///< a file or library is not there
+  kDiskFull = 61,                   ///< no room left to write
+  kPermissionDenied = 70,           ///< the host refuses access
+  kPathFileAccess = 75,             ///< a path cannot be opened for what was asked
+  kInvalidUseOfNull = 94,           ///< NULL where a value is needed
+  kItemNotFound = 3265,             ///< no column of that name (ADO adErrItemNotFound)
+  kObjectClosed = 3704,             ///< the object is closed (ADO adErrObjectClosed)
+  kNoCurrentRow = 3021,             ///< before the first or behind the last row (ADO adErrNoCurrentRecord)
+  kStatementRefused = -2147217900,  ///< 0x80040E14: the engine refuses the statement
+  kDatabaseFailed = -2147467259,    ///< 0x80004005: any other failure of the database
 };
 
 /// A run-time error: what the documented error policies speak of. The only exception thrown on purpose.

@@ -13,7 +13,9 @@ std::string trimBlanks(std::string_view text) {
   return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
 }
 
-std::string TrimAtNull(std::string_view text) { return std::string(text.substr(0, text.find('\0'))); }
+std::string TrimAtNull(std::string_view text) {
+  return std::string(text.substr(0, text.find('\0')));
+}
 
 std::vector<std::string> split(std::string_view text, char separator) {
   std::vector<std::string> pieces;
@@ -40,7 +42,9 @@ std::string toUpper(std::string_view text) {
   return upper;
 }
 
-bool equalsIgnoringCase(std::string_view left, std::string_view right) { return toUpper(left) == toUpper(right); }
+bool equalsIgnoringCase(std::string_view left, std::string_view right) {
+  return toUpper(left) == toUpper(right);
+}
 
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to) {
   std::string replaced;

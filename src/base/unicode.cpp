@@ -17,34 +17,20 @@ struct CaseRun {
 };
 
 constexpr std::array kCaseRuns = {
-    CaseRun{'a', 'z', -32, 1},
-    CaseRun{0x00B5, 0x00B5, 743, 1},  // micro sign: capital mu
-    CaseRun{0x00E0, 0x00F6, -32, 1},
-    CaseRun{0x00F8, 0x00FE, -32, 1},
-    CaseRun{0x00FF, 0x00FF, 121, 1},
-    CaseRun{0x0101, 0x012F, -1, 2},
-    CaseRun{0x0133, 0x0137, -1, 2},
-    CaseRun{0x013A, 0x0148, -1, 2},
-    CaseRun{0x014B, 0x0177, -1, 2},
-    CaseRun{0x017A, 0x017E, -1, 2},
-    CaseRun{0x03AC, 0x03AC, -38, 1},
-    CaseRun{0x03AD, 0x03AF, -37, 1},
-    CaseRun{0x03B1, 0x03C1, -32, 1},
-    CaseRun{0x03C2, 0x03C2, -31, 1},
-    CaseRun{0x03C3, 0x03CB, -32, 1},
-    CaseRun{0x03CC, 0x03CC, -64, 1},
-    CaseRun{0x03CD, 0x03CE, -63, 1},
-    CaseRun{0x0430, 0x044F, -32, 1},
-    CaseRun{0x0450, 0x045F, -80, 1},
-    CaseRun{0x0461, 0x0481, -1, 2},
-    CaseRun{0x048B, 0x04BF, -1, 2},
-    CaseRun{0x04D1, 0x052F, -1, 2},
-    CaseRun{0x0561, 0x0586, -48, 1},
-    CaseRun{0x1E01, 0x1E95, -1, 2},
-    CaseRun{0x1EA1, 0x1EFF, -1, 2},
+    CaseRun{'a', 'z', -32, 1},       CaseRun{0x00B5, 0x00B5, 743, 1},  // micro sign: capital mu
+    CaseRun{0x00E0, 0x00F6, -32, 1}, CaseRun{0x00F8, 0x00FE, -32, 1}, CaseRun{0x00FF, 0x00FF, 121, 1},
+    CaseRun{0x0101, 0x012F, -1, 2},  CaseRun{0x0133, 0x0137, -1, 2},  CaseRun{0x013A, 0x0148, -1, 2},
+    CaseRun{0x014B, 0x0177, -1, 2},  CaseRun{0x017A, 0x017E, -1, 2},  CaseRun{0x03AC, 0x03AC, -38, 1},
+    CaseRun{0x03AD, 0x03AF, -37, 1}, CaseRun{0x03B1, 0x03C1, -32, 1}, CaseRun{0x03C2, 0x03C2, -31, 1},
+    CaseRun{0x03C3, 0x03CB, -32, 1}, CaseRun{0x03CC, 0x03CC, -64, 1}, CaseRun{0x03CD, 0x03CE, -63, 1},
+    CaseRun{0x0430, 0x044F, -32, 1}, CaseRun{0x0450, 0x045F, -80, 1}, CaseRun{0x0461, 0x0481, -1, 2},
+    CaseRun{0x048B, 0x04BF, -1, 2},  CaseRun{0x04D1, 0x052F, -1, 2},  CaseRun{0x0561, 0x0586, -48, 1},
+    CaseRun{0x1E01, 0x1E95, -1, 2},  CaseRun{0x1EA1, 0x1EFF, -1, 2},
 };
 
-bool isSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDFFF; }
+bool isSurrogate(char32_t unit) {
+  return unit >= 0xD800 && unit <= 0xDFFF;
+}
 
 /// How many bytes a sequence with this first byte has, and the bits that byte carries.
 struct Lead {
@@ -98,8 +84,8 @@ void appendUtf8(std::string& text, char32_t codePoint) {
 }
 
 char32_t upperCase(char32_t letter) {
-  const auto* run = std::find_if(kCaseRuns.begin(), kCaseRuns.end(),
-                                 [&](const CaseRun& r) { return letter <= r.last; });
+  const auto* run =
+      std::find_if(kCaseRuns.begin(), kCaseRuns.end(), [&](const CaseRun& r) { return letter <= r.last; });
   if (run == kCaseRuns.end() || letter < run->first || (letter - run->first) % run->step != 0) return letter;
   return static_cast<char32_t>(static_cast<int>(letter) + run->offset);
 }
@@ -125,8 +111,8 @@ std::string fromUtf16(std::u16string_view text) {
   bytes.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t codePoint = text[i];
-    const bool isPair = codePoint >= 0xD800 && codePoint < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
-                        text[i + 1] < 0xE000;
+    const bool isPair = codePoint >= 0xD800 && codePoint < 0xDC00 && i + 1 < text.size() &&
+                        text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
     if (isPair) codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (text[++i] - 0xDC00u);
     appendUtf8(bytes, isSurrogate(codePoint) ? kReplacement : codePoint);
   }

@@ -5,17 +5,16 @@
 #include <string_view>
 
 #include "core/program.h"
+#include "core/registry_values.h"
 
-/// Small shared routines: the registry, system types, local services, tests of remote access. None shows a message;
-/// callers decide what a False means. Main thread.
+/// Small shared routines: the registry, system types, local services, tests of remote access. None shows a
+/// message; callers decide what a False means. Main thread.
 namespace varnhold::core {
 
-inline constexpr const char* kManagerKey = R"(SOFTWARE\Kelmont Works\Varnhold\Manager)";
-inline constexpr const char* kAgentKey = R"(SOFTWARE\Kelmont Works\Varnhold\Agent)";
-
-/// Reads a value of at most 1024 bytes. Text comes up to its first NUL, a 32-bit number as decimal text; any other type
-/// leaves `value` as it was. True in all these cases. False, with `value` empty, when the key or the value cannot be
-/// read. Raises kInvalidProcedureCall for a text that fills all 1024 bytes without a NUL.
+/// Reads a value of at most 1024 bytes. Text comes up to its first NUL, a 32-bit number as decimal text (with
+/// its sign, as all numbers of the program have one); any other type leaves `value` as it was. True in all
+/// these cases. False, with `value` empty, when the key or the value cannot be read. Raises
+/// kInvalidProcedureCall for a text that fills all 1024 bytes without a NUL.
 bool RegReadValue(platform::Registry& registry, platform::RegistryHive hive, std::string_view key,
                   std::string_view valueName, std::string& value);
 
@@ -31,13 +30,15 @@ bool RegWriteDword(platform::Registry& registry, platform::RegistryHive hive, st
 /// Tells the product's services that the inventory changed. Silent when that fails.
 void RequestManagerResync(platform::Registry& registry);
 
-/// Stops and starts a service of this computer, five seconds apart: 0 done, 1 no service manager, 2 no such service,
-/// 3 not started again.
+/// Stops and starts a service of this computer, five seconds apart whatever the stop brings: 0 done, 1 no
+/// service manager, 2 no such service, 3 not started again. A service that turns out to run already counts as
+/// started.
 [[nodiscard]] std::int32_t RestartLocalService(Host& host, const std::string& serviceName);
 
-/// Can the Security log of the computer be opened?
+/// Can the Security log of the computer be opened? It is closed again.
 [[nodiscard]] bool CanAccessEventLog(platform::EventLog& eventLog, const std::string& computer);
-/// Can a file be made and deleted on the administrative share that holds the computer's program files?
+/// Can a file be made and deleted on the administrative share that holds the computer's program files? The
+/// file is named by the second, so that two tests of one computer within a second use the same name.
 [[nodiscard]] bool CanWriteAdminShare(Host& host, const std::string& computer);
 /// Both of the above, in the order share, log.
 [[nodiscard]] bool CanReachComputer(Host& host, const std::string& computer);

@@ -47,13 +47,15 @@ struct Program {
   std::string gLocalName;      ///< this computer's name, or "LocalHost"
   std::string gInstallerDir;   ///< `<INSTALLPATH>\RemoteInstaller`; empty while `INSTALLPATH` can't be read
   std::string gEventsConsole;  ///< `"<INSTALLPATH>\VHConsole.exe"`, quotes included; empty when not installed
-  std::string gTrapsConsole;   ///< `"<SWINSTALLPATH>\SWConsole.exe"`, quotes included; empty when not installed
-  std::string gChangesConsole; ///< `"<LocalRootDir>\TkWindows.exe"`, quotes included; empty when not installed
-  std::string gChangesRoot;    ///< `LocalRootDir` of the change-tracking product that was found
-  std::string gChangesName;    ///< display name of the change-tracking product
-  std::string gExplorerPath;   ///< never assigned, deliberately: its tool has no command
-  std::string gServiceToolPath;///< never assigned, deliberately: its tool has no command
-  std::int32_t gCliAction = 0; ///< command-line installer: 1 install, 2 uninstall
+  std::string
+      gTrapsConsole;  ///< `"<SWINSTALLPATH>\SWConsole.exe"`, quotes included; empty when not installed
+  std::string
+      gChangesConsole;        ///< `"<LocalRootDir>\TkWindows.exe"`, quotes included; empty when not installed
+  std::string gChangesRoot;   ///< `LocalRootDir` of the change-tracking product that was found
+  std::string gChangesName;   ///< display name of the change-tracking product
+  std::string gExplorerPath;  ///< never assigned, deliberately: its tool has no command
+  std::string gServiceToolPath;  ///< never assigned, deliberately: its tool has no command
+  std::int32_t gCliAction = 0;   ///< command-line installer: 1 install, 2 uninstall
   std::string gLoginDomain, gLoginUser, gLoginPassword;  ///< the account that the operator logged in with
 };
 

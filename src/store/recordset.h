@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -8,6 +9,10 @@
 #include "store/value.h"
 
 namespace varnhold::store {
+
+/// Adding to, changing or deleting from rows that were opened for reading only, or from a SELECT (ADO
+/// adErrFeatureNotAvailable).
+inline constexpr std::int32_t kRowsAreReadOnly = 3251;
 
 enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };  ///< adOpen...
 enum class LockType { ReadOnly = 1, Optimistic = 3 };                           ///< adLock...
@@ -23,7 +28,8 @@ class Recordset {
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
 
-  /// `source` is the name of a table, or the text of a SELECT.
+  /// `source` is the name of a table, or the text of a SELECT. Columns of a SELECT over several tables that have the
+  /// same name are found by the first of them.
   void Open(const std::string& source, Connection& connection, CursorType cursor, LockType lock, int options = -1);
   void Close() noexcept;
 
@@ -43,8 +49,9 @@ class Recordset {
    public:
     /// Raises kNoCurrentRow when there is no current row.
     [[nodiscard]] const Value& value() const;
-    /// Changes the row being edited or added; it is written by `Update`.
-    void setValue(Value value);
+    /// Changes the row being edited or added; it is written by `Update`. Raises kNoCurrentRow as `value` does,
+    /// kRowsAreReadOnly, and kTypeMismatch for text that is no number in a column of numbers.
+    void setValue(const Value& value);
 
    private:
     friend class Recordset;
@@ -55,12 +62,21 @@ class Recordset {
   /// Raises kItemNotFound when there is no such column.
   [[nodiscard]] Field Fields(std::string_view name);
 
-  void AddNew();  ///< begins a new row, all NULL
-  void Update();  ///< writes the added or changed row, exactly one
-  void Delete();  ///< deletes the current row, exactly one, also where others are equal to it
+  /// Begins a new row, all NULL; written, it is the current one. Raises kRowsAreReadOnly.
+  void AddNew();
+  /// Writes the added or changed row, exactly one, also where others are equal to it. Does nothing when none is being
+  /// added or changed. Raises kDatabaseFailed when someone else changed or deleted the row since it was read. The edit
+  /// is given up when it fails.
+  void Update();
+  /// Deletes the current row, exactly one, also where others are equal to it; the set stays on its place until it is
+  /// moved. A row that is being added is given up. Raises kRowsAreReadOnly, kNoCurrentRow, and kDatabaseFailed as
+  /// `Update` does.
+  void Delete();
 
  private:
   struct State;
+  [[nodiscard]] State& opened() const;
+
   std::unique_ptr<State> state_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <variant>
 
 namespace varnhold::store {
@@ -23,6 +24,11 @@ class Value {
   [[nodiscard]] std::int64_t asInteger() const;
   /// False for 0 only; errors as `asInteger`.
   [[nodiscard]] bool asBoolean() const { return asInteger() != 0; }
+
+  /// What it holds, by kind: null for another kind.
+  [[nodiscard]] const std::int64_t* ifInteger() const { return std::get_if<std::int64_t>(&content_); }
+  [[nodiscard]] const double* ifNumber() const { return std::get_if<double>(&content_); }
+  [[nodiscard]] const std::string* ifText() const { return std::get_if<std::string>(&content_); }
 
   friend bool operator==(const Value&, const Value&) = default;
 

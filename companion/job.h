@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "companion/agent_material.h"
+#include "companion/agent_product.h"
+#include "companion/remote_computer.h"
+#include "companion/take_back.h"
+
+namespace varnhold::companion {
+
+/// Result codes of the catalogue that the steps name besides those in their tables.
+inline constexpr std::int32_t kInstalled = 150;
+inline constexpr std::int32_t kUninstalled = 152;
+inline constexpr std::int32_t kCannotConnect = 154;
+inline constexpr std::int32_t kSecurityNotConfigured = 167;  ///< a warning: installed all the same
+inline constexpr std::int32_t kNotStarted = 232;             ///< a warning: installed all the same
+inline constexpr std::int32_t kSnapshotsKept = 290;
+inline constexpr std::int32_t kUnknownFailure = 710;
+
+/// A job's own copy of its record: what of it the steps use, in UTF-8.
+struct JobRecord {
+  std::string systemName;
+  std::string installDirectory;
+  std::string keepSnapshots;
+  std::string serviceUser, servicePassword;
+  std::string configFile;
+  std::int32_t agentMode = 0;
+  bool agentless = false;
+  bool remedialActions = false;
+};
+
+/// What one job works with and what its steps tell each other.
+struct JobContext {
+  JobContext(RemoteComputer& itsComputer, const AgentProduct& itsProduct, const JobRecord& itsRecord,
+             const AgentMaterial& itsMaterial)
+      : computer(itsComputer), product(itsProduct), record(itsRecord), material(itsMaterial) {}
+
+  RemoteComputer& computer;
+  const AgentProduct& product;
+  const JobRecord& record;
+  const AgentMaterial& material;
+
+  std::string folder;                          ///< the agent's on the target: "C:\...\Varnhold"
+  std::optional<std::string> earlierFolder;    ///< of an agent that is registered there already
+  std::optional<ServiceEntry> earlierService;  ///< the agent's service, as it was
+  std::vector<std::string> madeFolders;        ///< full paths of the folders that were made for the agent
+  TakeBack takeBack;
+};
+
+/// Which code an error means in a step.
+struct ErrorCode {
+  Win32Error error;
+  std::int32_t code;
+};
+
+/// One step of a job. Its name is also the one by which a rehearsed computer refuses it.
+struct Step {
+  std::string_view name;
+  Win32Error (*run)(JobContext&);
+  std::int32_t otherwise;  ///< the code for an error that is not in `codes`
+  std::span<const ErrorCode> codes = {};
+  bool (*applies)(const JobContext&) = nullptr;  ///< null: always
+};
+
+/// The steps that install an agent, and those that uninstall it, in their order.
+[[nodiscard]] std::span<const Step> installSteps();
+[[nodiscard]] std::span<const Step> uninstallSteps();
+
+/// Runs the steps in order. A warning (167, 232) is remembered and the job goes on; any other error ends it with the
+/// step's code, and what was done is taken back. `success`, or the first warning, when all went through.
+[[nodiscard]] std::int32_t runSteps(std::span<const Step> steps, std::int32_t success, JobContext& context);
+
+enum class JobKind { Install, Uninstall };
+
+/// Pauses the calling thread.
+using Sleep = std::function<void(std::chrono::milliseconds)>;
+
+/// Does one job as its script has it: waits, then works, and gives the result code. A script's own code stands in place
+/// of the job's; the work is done only when that code means success. Never returns for a job that never ends. Runs in
+/// the job's thread; raises nothing.
+[[nodiscard]] std::int32_t runJob(JobKind kind, const Network& network, const JobScript& script,
+                                  const JobRecord& record, const AgentMaterial& material, const Sleep& sleep) noexcept;
+
+}  // namespace varnhold::companion

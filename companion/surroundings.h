@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace varnhold::companion {
+
+/// What the companion needs to know of the manager that it works for.
+struct Surroundings {
+  std::filesystem::path labFolder;  ///< `<INSTALLPATH>\lab`; empty when INSTALLPATH cannot be read
+  std::string managerName;          ///< the name of this computer, or "LocalHost"
+  std::string agentVersion;         ///< of the agent that the manager brings along: its own, or "7.0"
+};
+
+/// Asks the host, afresh on every call: another home or installation may be in use by now. Raises what the host's
+/// registry raises. Main thread.
+[[nodiscard]] Surroundings readSurroundings();
+
+}  // namespace varnhold::companion

@@ -1,0 +1,118 @@
+#include "platform/closed_libraries.h"
+
+#include "platform/posix/adapters.h"
+#include "platform/posix/library_buffers.h"
+
+namespace varnhold::platform::posix {
+namespace {
+
+using StartJob = QrvThread QRV_CALL(QrvDeploymentJob*, char*);
+using UpgradeOverIp = QrvThread QRV_CALL(char*, char*, std::int32_t, std::int32_t, char*, std::uint8_t,
+                                         std::uint8_t);
+
+ThreadHandle handleOf(QrvThread thread) {
+  return reinterpret_cast<ThreadHandle>(thread);
+}
+
+class CompanionClosedLibraries : public ClosedLibraries {
+ public:
+  explicit CompanionClosedLibraries(CompanionLibrary& companion) : companion_(companion) {}
+
+  ThreadHandle qrvCInstall(DeploymentJob& job, const std::string& libraryPath) override {
+    return startJob("qrvCInstall", job, libraryPath);
+  }
+
+  ThreadHandle qrvCUninstall(DeploymentJob& job, const std::string& libraryPath) override {
+    return startJob("qrvCUninstall", job, libraryPath);
+  }
+
+  ThreadHandle qrvCUpgradeAgent(DeploymentJob& job, const std::string& libraryPath) override {
+    return startJob("qrvCUpgradeAgent", job, libraryPath);
+  }
+
+  ThreadHandle qrvCUpgradeAgentOverIP(const std::string& agentLibraryPath, DeploymentJob& job) override {
+    const auto upgrade = companion_.function<UpgradeOverIp>("qrvCUpgradeAgentOverIP");
+    TextBuffer path(agentLibraryPath), name(job.SystemName), config(job.ConfigFile);
+    const auto thread = handleOf(upgrade(path.data(), name.data(), job.AgentMode, job.OSFlag, config.data(),
+                                         job.RemedialFlag, job.UseDefaultConfig));
+    job.SystemName = name.uncut(job.SystemName.size());
+    job.ConfigFile = config.uncut(job.ConfigFile.size());
+    return thread;
+  }
+
+  std::int32_t qrvCCreateConfigurationFile(const std::string& libraryPath, std::string& systemName,
+                                           std::string& installDirectory, std::int32_t agentMode) override {
+    const auto create =
+        companion_.function<decltype(::qrvCCreateConfigurationFile)>("qrvCCreateConfigurationFile");
+    TextBuffer path(libraryPath), name(systemName, kQrvSystemNameSize), folder(installDirectory);
+    const auto result = create(path.data(), name.data(), folder.data(), agentMode);
+    systemName = name.text();
+    installDirectory = folder.text();
+    return result;
+  }
+
+  bool qrvCReadNWriteVhaConfigINI4Turbo(const std::string& agentLibraryPath, const std::string& agentFolder,
+                                        const std::string& iniPath, std::int32_t mode) override {
+    const auto edit =
+        companion_.function<decltype(::qrvCReadNWriteVhaConfigINI4Turbo)>("qrvCReadNWriteVhaConfigINI4Turbo");
+    TextBuffer path(agentLibraryPath), folder(agentFolder), ini(iniPath);
+    return edit(path.data(), folder.data(), ini.data(), mode) != 0;
+  }
+
+  bool qrvGetSystemIPAddress(std::string& systemName, std::string& address) override {
+    const auto ask = companion_.function<decltype(::qrvGetSystemIPAddress)>("qrvGetSystemIPAddress");
+    TextBuffer name(systemName, kQrvSystemNameSize), dotted({}, kQrvAddressSize);
+    const bool resolves = ask(name.data(), dotted.data()) != 0;
+    systemName = name.text();
+    address = dotted.uncut();
+    return resolves;
+  }
+
+  bool qrvFindSystemAndReturnDetails(SystemDetails& details) override {
+    const auto ask =
+        companion_.function<decltype(::qrvFindSystemAndReturnDetails)>("qrvFindSystemAndReturnDetails");
+    return exchange(ask, details);
+  }
+
+  bool qrvUpdateSystemDetailsInDB(SystemDetails& details) override {
+    const auto store =
+        companion_.function<decltype(::qrvUpdateSystemDetailsInDB)>("qrvUpdateSystemDetailsInDB");
+    return exchange(store, details);
+  }
+
+  bool qrvChkRmtRegNGetPrgFilePath(const std::string& computer, std::string& path) override {
+    const auto ask =
+        companion_.function<decltype(::qrvChkRmtRegNGetPrgFilePath)>("qrvChkRmtRegNGetPrgFilePath");
+    TextBuffer name(computer, kQrvSystemNameSize), folder({}, kQrvFolderSize);
+    const bool answers = ask(name.data(), folder.data()) != 0;
+    path = folder.uncut();
+    return answers;
+  }
+
+ private:
+  ThreadHandle startJob(const char* function, DeploymentJob& job, const std::string& libraryPath) {
+    const auto start = companion_.function<StartJob>(function);
+    JobRecord record(job);
+    TextBuffer path(libraryPath);
+    const auto thread = handleOf(start(record.get(), path.data()));
+    record.readBack(job);
+    return thread;
+  }
+
+  static bool exchange(decltype(::qrvFindSystemAndReturnDetails)* function, SystemDetails& details) {
+    DetailsRecord record(details);
+    const bool done = function(record.get()) != 0;
+    record.readBack(details);
+    return done;
+  }
+
+  CompanionLibrary& companion_;
+};
+
+}  // namespace
+
+std::unique_ptr<ClosedLibraries> makeClosedLibraries(CompanionLibrary& companion) {
+  return std::make_unique<CompanionClosedLibraries>(companion);
+}
+
+}  // namespace varnhold::platform::posix

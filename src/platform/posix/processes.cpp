@@ -1,0 +1,85 @@
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "base/text.h"
+#include "platform/formats/net_use_line.h"
+#include "platform/posix/adapters.h"
+
+namespace varnhold::platform::posix {
+namespace {
+
+// The results of ShellExecute (shellapi.h): above 32 is success.
+constexpr int kStarted = 42;
+constexpr int kFileMissing = 2;     // SE_ERR_FNF
+constexpr int kNoAssociation = 31;  // SE_ERR_NOASSOC
+
+/// True for what a browser or mail program opens, "https://..." or "mailto:...", and no path.
+bool isAddress(const std::string& target) {
+  return target.find("://") != std::string::npos || target.starts_with("mailto:");
+}
+
+/// The desktop's own opener of files and addresses. It runs on by itself; ended ones are collected at the
+/// next call.
+class DesktopOpener {
+ public:
+  bool open(const std::string& target) {
+    std::erase_if(running_, [](pid_t process) { return ::waitpid(process, nullptr, WNOHANG) != 0; });
+    std::string program = "xdg-open", argument = target;
+    const std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
+    pid_t process = 0;
+    if (::posix_spawnp(&process, program.c_str(), nullptr, nullptr, arguments.data(), environ) != 0)
+      return false;
+    running_.push_back(process);
+    return true;
+  }
+
+ private:
+  std::vector<pid_t> running_;
+};
+
+class ProcessesOfHost : public Processes {
+ public:
+  ProcessesOfHost(Files& files, PathResolver& paths, CompanionLibrary& companion)
+      : files_(files), paths_(paths), companion_(companion) {}
+
+  int shellExecute(const std::string&, const std::string& file, ShowState) override {
+    if (isAddress(file)) return openOnDesktop(file);
+    if (!files_.exists(file)) return kFileMissing;
+    return toUpper(file).ends_with(".BAT") ? runBatch(file) : openOnDesktop(paths_.resolve(file));
+  }
+
+ private:
+  int openOnDesktop(const std::string& target) { return opener_.open(target) ? kStarted : kNoAssociation; }
+
+  /// What the network says to the line is not told: starting the batch file is all that the call answers for.
+  int runBatch(const std::string& file) {
+    const auto line = parseNetUseLine(files_.read(file).value_or(std::string{}));
+    if (!line) return kNoAssociation;
+    if (line->request == NetUseLine::Request::Connect) {
+      const auto connect = companion_.function<decltype(qrvHostConnectShare)>("qrvHostConnectShare");
+      connect(line->share.c_str(), line->account.c_str(), line->password.c_str());
+    } else {
+      const auto disconnect = companion_.function<decltype(qrvHostDisconnectShare)>("qrvHostDisconnectShare");
+      disconnect(line->share.c_str());
+    }
+    return kStarted;
+  }
+
+  Files& files_;
+  PathResolver& paths_;
+  CompanionLibrary& companion_;
+  DesktopOpener opener_;
+};
+
+}  // namespace
+
+std::unique_ptr<Processes> makeProcesses(Files& files, PathResolver& paths, CompanionLibrary& companion) {
+  return std::make_unique<ProcessesOfHost>(files, paths, companion);
+}
+
+}  // namespace varnhold::platform::posix

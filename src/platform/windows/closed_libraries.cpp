@@ -1,0 +1,137 @@
+#include "platform/closed_libraries.h"
+
+#include <type_traits>
+
+#include "companion/include/qrvutil.h"
+#include "platform/windows/adapters.h"
+#include "platform/windows/ansi_buffer.h"
+#include "platform/windows/closed_library.h"
+#include "platform/windows/library_records.h"
+
+namespace varnhold::platform::windows {
+namespace {
+
+/// What qrvCInstall, qrvCUninstall and qrvCUpgradeAgent are. A vendor's library has upgrades; ours does not
+/// yet.
+using StartJob = QrvThread QRV_CALL(QrvDeploymentJob* job, char* libraryPath);
+static_assert(std::is_same_v<StartJob, decltype(::qrvCInstall)>);
+using UpgradeAgentOverIP = QrvThread QRV_CALL(char* agentLibraryPath, char* systemName,
+                                              std::int32_t agentMode, std::int32_t osFlag, char* configFile,
+                                              std::uint8_t remedialFlag, std::uint8_t useDefaultConfig);
+
+ThreadHandle handleOf(QrvThread thread) {
+  return reinterpret_cast<ThreadHandle>(thread);
+}
+
+/// A string that the library may overwrite but that nobody reads back.
+AnsiBuffer given(const std::string& text) {
+  return {text, kQrvSystemNameSize};
+}
+
+class WindowsClosedLibraries : public ClosedLibraries {
+ public:
+  explicit WindowsClosedLibraries(std::string folder) : qrvUtil_(std::move(folder), "qrvUtil.dll") {}
+
+  ThreadHandle qrvCInstall(DeploymentJob& job, const std::string& libraryPath) override {
+    return startJob("qrvCInstall", job, libraryPath);
+  }
+  ThreadHandle qrvCUninstall(DeploymentJob& job, const std::string& libraryPath) override {
+    return startJob("qrvCUninstall", job, libraryPath);
+  }
+  ThreadHandle qrvCUpgradeAgent(DeploymentJob& job, const std::string& libraryPath) override {
+    return startJob("qrvCUpgradeAgent", job, libraryPath);
+  }
+
+  ThreadHandle qrvCUpgradeAgentOverIP(const std::string& agentLibraryPath, DeploymentJob& job) override {
+    auto* const call = qrvUtil_.function<UpgradeAgentOverIP>("qrvCUpgradeAgentOverIP");
+    auto path = given(agentLibraryPath);
+    auto name = given(job.SystemName);
+    auto config = given(job.ConfigFile);
+    auto* const thread = call(path.data(), name.data(), job.AgentMode, job.OSFlag, config.data(),
+                              job.RemedialFlag, job.UseDefaultConfig);
+    name.readBackInOwnLength(job.SystemName);
+    config.readBackInOwnLength(job.ConfigFile);
+    return handleOf(thread);
+  }
+
+  std::int32_t qrvCCreateConfigurationFile(const std::string& libraryPath, std::string& systemName,
+                                           std::string& installDirectory, std::int32_t agentMode) override {
+    auto* const call =
+        qrvUtil_.function<decltype(::qrvCCreateConfigurationFile)>("qrvCCreateConfigurationFile");
+    auto path = given(libraryPath);
+    auto name = given(systemName);
+    auto directory = given(installDirectory);
+    const auto result = call(path.data(), name.data(), directory.data(), agentMode);
+    name.readBack(systemName);
+    directory.readBack(installDirectory);
+    return result;
+  }
+
+  bool qrvCReadNWriteVhaConfigINI4Turbo(const std::string& agentLibraryPath, const std::string& agentFolder,
+                                        const std::string& iniPath, std::int32_t mode) override {
+    auto* const call =
+        qrvUtil_.function<decltype(::qrvCReadNWriteVhaConfigINI4Turbo)>("qrvCReadNWriteVhaConfigINI4Turbo");
+    auto path = given(agentLibraryPath);
+    auto folder = given(agentFolder);
+    auto ini = given(iniPath);
+    return call(path.data(), folder.data(), ini.data(), mode) != 0;
+  }
+
+  bool qrvGetSystemIPAddress(std::string& systemName, std::string& address) override {
+    auto* const call = qrvUtil_.function<decltype(::qrvGetSystemIPAddress)>("qrvGetSystemIPAddress");
+    auto name = given(systemName);
+    AnsiBuffer filled("", kQrvAddressSize);
+    const bool resolves = call(name.data(), filled.data()) != 0;
+    name.readBack(systemName);
+    address = filled.whole();
+    return resolves;
+  }
+
+  bool qrvFindSystemAndReturnDetails(SystemDetails& details) override {
+    return passDetails(
+        qrvUtil_.function<decltype(::qrvFindSystemAndReturnDetails)>("qrvFindSystemAndReturnDetails"),
+        details);
+  }
+  bool qrvUpdateSystemDetailsInDB(SystemDetails& details) override {
+    return passDetails(
+        qrvUtil_.function<decltype(::qrvUpdateSystemDetailsInDB)>("qrvUpdateSystemDetailsInDB"), details);
+  }
+
+  bool qrvChkRmtRegNGetPrgFilePath(const std::string& computer, std::string& path) override {
+    auto* const call =
+        qrvUtil_.function<decltype(::qrvChkRmtRegNGetPrgFilePath)>("qrvChkRmtRegNGetPrgFilePath");
+    auto name = given(computer);
+    AnsiBuffer filled("", kQrvFolderSize);
+    const bool wasRead = call(name.data(), filled.data()) != 0;
+    path = filled.whole();
+    return wasRead;
+  }
+
+ private:
+  ThreadHandle startJob(const char* function, DeploymentJob& job, const std::string& libraryPath) {
+    auto* const call = qrvUtil_.function<StartJob>(function);
+    JobRecord record(job);
+    auto path = given(libraryPath);
+    auto* const thread = call(record.data(), path.data());
+    record.readBack(job);
+    return handleOf(thread);
+  }
+
+  template <typename Function>
+  bool passDetails(Function* call, SystemDetails& details) {
+    DetailsRecord record(details);
+    const bool done = call(record.data()) != 0;
+    record.readBack(details);
+    return done;
+  }
+
+  ClosedLibrary qrvUtil_;
+};
+
+}  // namespace
+
+std::unique_ptr<ClosedLibraries> makeClosedLibraries(std::string folder) {
+  return std::make_unique<WindowsClosedLibraries>(std::move(folder));
+}
+
+}  // namespace varnhold::platform::windows

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/program.h"
+
+/// The one entry point of the program and the choice of its run mode.
+namespace varnhold::startup {
+
+inline constexpr const char* kDataSource = "qrvdb";  ///< the inventory's ODBC data source
+
+/// The console branch of a build: runs until the operator leaves and gives the exit status.
+using ConsoleMode = std::function<int(core::Program&)>;
+
+/// Starts the program: a command line of any length, blanks included, is run by the command-line installer;
+/// an empty one is the console's. Gives the process's exit status: 1 when the working directory can't be set,
+/// else 0, or the console's own. Run-time errors that no documented handler takes reach the caller. Main
+/// thread.
+[[nodiscard]] int Main(core::Program& program, const ConsoleMode& console);
+
+/// Runs `Main` as a whole process: a run-time error that leaves it is shown with number and description, and
+/// the exit status is 1.
+[[nodiscard]] int runProcess(core::Program& program, const ConsoleMode& console);
+
+}  // namespace varnhold::startup

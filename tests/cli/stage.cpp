@@ -1,0 +1,154 @@
+#include "tests/cli/stage.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <regex>
+
+#include "base/text.h"
+#include "store/command.h"
+#include "store/data_source.h"
+#include "store/recordset.h"
+#include "tests/cli/process.h"
+
+namespace varnhold::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kProgram = "AgentInstaller" + std::string(kProgramSuffix);
+const fs::path kBin = fs::path(VARNHOLD_BIN_DIR).make_preferred();
+
+std::string textOf(const fs::path& path) {
+  const auto text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+std::string readFile(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void writeBytes(const fs::path& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::vector<std::string> linesOf(const std::string& text, const std::string& end) {
+  std::vector<std::string> lines;
+  for (std::size_t start = 0; start < text.size();) {
+    const auto at = text.find(end, start);
+    lines.push_back(text.substr(start, at - start));
+    start = at == std::string::npos ? text.size() : at + end.size();
+  }
+  return lines;
+}
+
+/// The one fixed form of a log line's time.
+std::string withoutStamp(const std::string& line) {
+  static const std::regex stamp(
+      R"(^([1-9]|1[0-2])/([1-9]|[12]\d|3[01])/\d{4} ([1-9]|1[0-2]):[0-5]\d:[0-5]\d [AP]M :: )");
+  return std::regex_replace(line, stamp, "<time> :: ");
+}
+
+fs::path stageFolder() {
+  return fs::path(VARNHOLD_STAGE_DIR).make_preferred();
+}
+
+}  // namespace
+
+Stage::Stage() : home_(stageFolder() / "the home") {
+  fs::remove_all(home_);
+  fs::create_directories(stageFolder());
+  const auto provision = textOf(kBin / ("varnhold-provision" + std::string(kProgramSuffix)));
+  writeBytes(stageFolder() / "odbc.ini",
+             store::renderSqliteDataSource("qrvdb", driverManagerPath(textOf(home_ / "qrvdbv3.mdb"))));
+  const auto provisioned = runProcess(provision, {"--home", textOf(home_), "--lab", "1"}, {},
+                                      textOf(stageFolder() / "provision.err"));
+  if (provisioned.exitStatus != 0)
+    throw std::runtime_error("provisioning failed: " + provisioned.standardError);
+  for (const auto& computer : fs::directory_iterator(home_ / "lab")) {
+    if (computer.path().filename() != computerName()) fs::remove_all(computer.path());
+  }
+  fs::copy_file(kBin / kProgram, home_ / kProgram);
+  putLibrary("recorder");
+}
+
+void Stage::putLibrary(const std::string& folder) {
+  fs::copy_file(kBin / folder / kLibraryName, home_ / kLibraryName, fs::copy_options::overwrite_existing);
+}
+
+void Stage::takeLibraryAway() {
+  fs::remove(home_ / kLibraryName);
+}
+
+void Stage::addComputer(const std::string& name, const std::string& hostIni) {
+  fs::create_directories(home_ / "lab" / name / "C");
+  writeFile("lab/" + name + "/host.ini", hostIni);
+}
+
+void Stage::writeFile(const std::string& name, const std::string& bytes) {
+  writeBytes(home_ / name, bytes);
+}
+
+Stage::Outcome Stage::run(const std::vector<std::string>& arguments) {
+  const auto callLog = stageFolder() / "calls.txt";
+  fs::remove(callLog);
+  const auto process = runProcess(textOf(home_ / kProgram), arguments,
+                                  {{"VARNHOLD_HOME", textOf(home_)},
+                                   {"VARNHOLD_CALL_LOG", textOf(callLog)},
+                                   {"VARNHOLD_RECORDED_LIBRARY", textOf(kBin / kLibraryName)}},
+                                  textOf(stageFolder() / "run.err"));
+  Outcome outcome{process.exitStatus, replaceAll(process.standardError, textOf(home_), "<home>"), {}, {}};
+  const auto log = linesOf(readFile(home_ / "AILog.txt"), "\r\n");
+  for (auto i = std::exchange(logLinesSeen_, log.size()); i < log.size(); ++i) {
+    outcome.log.push_back(withoutStamp(log[i]));
+  }
+  for (const auto& call : linesOf(readFile(callLog), "\n")) {
+    outcome.calls.push_back(replaceAll(call, textOf(home_), "<home>"));
+  }
+  return outcome;
+}
+
+namespace {
+
+std::vector<std::string> rows(const std::string& query, const std::vector<std::string>& columns) {
+  store::Connection connection;
+  connection.Open("qrvdb", "", "");
+  store::Recordset set;
+  set.Open(query, connection, store::CursorType::Static, store::LockType::ReadOnly);
+  std::vector<std::string> lines;
+  for (; !set.Eof(); set.MoveNext()) {
+    std::string line;
+    for (const auto& column : columns) {
+      const auto value = set.Fields(column).value();
+      line += (line.empty() ? "" : "|") + (value.isNull() ? std::string("NULL") : value.asText());
+    }
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+}  // namespace
+
+std::vector<std::string> Stage::computers() {
+  return rows("SELECT * FROM System_Table ORDER BY System_Name",
+              {"System_Name", "System_Type", "IP_Address"});
+}
+
+std::vector<std::string> Stage::agents() {
+  return rows("SELECT * FROM Module_Table ORDER BY System_Name, Module_ID",
+              {"System_Name", "Module_ID", "Install_Directory", "Manual", "Agentless"});
+}
+
+void Stage::execute(const std::string& statement) {
+  store::Connection connection;
+  connection.Open("qrvdb", "", "");
+  store::Command command;
+  command.ActiveConnection = &connection;
+  command.CommandText = statement;
+  command.Execute();
+}
+
+}  // namespace varnhold::cli

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <concepts>
+#include <cstdint>
+#include <string>
+#include <thread>
+
+#include "platform/service_control.h"
+
+/// What every `ServiceControl` does. A host's test file gives one type per adapter:
+///
+///   INSTANTIATE_TYPED_TEST_SUITE_P(Windows, ServiceControlContract, WindowsServiceHost);
+namespace varnhold::contract {
+
+template <class Host>
+concept ServiceControlHost = std::default_initializable<Host> && requires(Host host) {
+  { host.services() } -> std::convertible_to<platform::ServiceControl&>;
+  /// A computer whose service manager answers, as `\\NAME`.
+  { host.machine() } -> std::convertible_to<std::string>;
+  /// A service of that computer that is stopped at first.
+  { host.service() } -> std::convertible_to<std::string>;
+};
+
+template <ServiceControlHost Host>
+class ServiceControlContract : public ::testing::Test {
+ protected:
+  static constexpr std::uint32_t kNotActive = 1062;  ///< winerror.h ERROR_SERVICE_NOT_ACTIVE
+
+  platform::ServiceControl& services() { return host_.services(); }
+
+  /// Asks until the answer is this one or ten seconds have passed: a service takes its time to start and
+  /// stop.
+  template <typename Call>
+  std::uint32_t askUntil(std::uint32_t wanted, Call call) {
+    std::uint32_t answer = call();
+    for (int tries = 0; tries < 1000 && answer != wanted; ++tries) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+      answer = call();
+    }
+    return answer;
+  }
+
+  Host host_;
+};
+
+TYPED_TEST_SUITE_P(ServiceControlContract);
+
+TYPED_TEST_P(ServiceControlContract, OpensAServiceThatIsThereAndNoOther) {
+  auto& services = this->services();
+  const platform::OwnedServiceHandle manager(services, services.openSCManager(this->host_.machine()));
+  ASSERT_TRUE(manager);
+  const platform::OwnedServiceHandle service(
+      services, services.openService(manager.get(), this->host_.service(), platform::kServiceAllAccess));
+  EXPECT_TRUE(service);
+  EXPECT_EQ(services.openService(manager.get(), "No Such Service", platform::kServiceAllAccess), 0u);
+}
+
+TYPED_TEST_P(ServiceControlContract, StartsAndStopsAService) {
+  auto& services = this->services();
+  const platform::OwnedServiceHandle manager(services, services.openSCManager(this->host_.machine()));
+  const platform::OwnedServiceHandle service(
+      services, services.openService(manager.get(), this->host_.service(), platform::kServiceAllAccess));
+  ASSERT_TRUE(service);
+  const auto start = [&] { return services.startService(service.get()); };
+  const auto stop = [&] { return services.controlService(service.get(), platform::kServiceControlStop); };
+
+  EXPECT_EQ(stop(), this->kNotActive);
+  EXPECT_EQ(start(), 0u);
+  EXPECT_EQ(start(), platform::kErrorServiceAlreadyRunning);
+  EXPECT_EQ(this->askUntil(0, stop), 0u);
+  EXPECT_EQ(this->askUntil(this->kNotActive, stop), this->kNotActive);
+  EXPECT_EQ(this->askUntil(0, start), 0u);
+  EXPECT_EQ(this->askUntil(0, stop), 0u);
+}
+
+REGISTER_TYPED_TEST_SUITE_P(ServiceControlContract, OpensAServiceThatIsThereAndNoOther,
+                            StartsAndStopsAService);
+
+}  // namespace varnhold::contract

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "base/runtime_error.h"
+#include "platform/closed_libraries.h"
+#include "tests/fakes/fake_threads.h"
+#include "tests/fakes/journal.h"
+
+namespace varnhold::fakes {
+
+/// One computer of the network as the closed library meets it. Exit codes are 1000 plus the result code.
+struct FakeComputer {
+  std::optional<std::string> address = "10.1.1.1";  ///< nothing: the name does not resolve
+  std::string nameWrittenBack{};                    ///< by qrvGetSystemIPAddress, when not empty
+  bool answers = true;
+  bool canBeStored = true;  ///< the result of qrvUpdateSystemDetailsInDB
+  std::string resolvedName{};
+  std::int32_t systemType = 7, osMajorVersion = 5;
+  std::int32_t configurationResult = 1;  ///< of qrvCCreateConfigurationFile
+  std::uint32_t installExit = 1150, uninstallExit = 1152, upgradeExit = 1700;
+  bool startsThreads = true;
+  int polls = 0;  ///< how often a job is found still running
+  std::optional<std::string> programFiles = R"(C:\Program Files)";  ///< nothing: the registry does not answer
+};
+
+/// `qrvUtil` over computers in memory. A name is looked up without leading backslashes, cut at its first NUL,
+/// without blanks at its ends and without regard to case; a computer that is not in the list does not resolve
+/// and does not answer. Journal lines name the function, its arguments in order and the result:
+///   qrvCInstall [SystemName=HOST1, InstallDirectory=C:\A, AgentMode=1] C:\I\remins -> 7
+///   qrvGetSystemIPAddress HOST1 -> 1
+/// The job stands with its fields that are neither empty nor 0, in the record's order.
+class FakeClosedLibraries : public platform::ClosedLibraries {
+ public:
+  FakeClosedLibraries(Journal& journal, FakeThreads& threads) : journal_(journal), threads_(threads) {}
+
+  std::map<std::string, FakeComputer> computers;  ///< by name in upper case
+  bool iniEdits = true;                           ///< the result of qrvCReadNWriteVhaConfigINI4Turbo
+  std::map<std::string, RuntimeError> failures;   ///< raised by the function of that name
+  /// Called with a job inside the function that starts it, to change its strings.
+  std::function<void(platform::DeploymentJob&)> onJob;
+  /// Called when details are stored, to add the row to an inventory.
+  std::function<void(const platform::SystemDetails&)> onStore;
+
+  platform::ThreadHandle qrvCInstall(platform::DeploymentJob& job, const std::string& libraryPath) override;
+  platform::ThreadHandle qrvCUninstall(platform::DeploymentJob& job, const std::string& libraryPath) override;
+  platform::ThreadHandle qrvCUpgradeAgent(platform::DeploymentJob& job,
+                                          const std::string& libraryPath) override;
+  platform::ThreadHandle qrvCUpgradeAgentOverIP(const std::string& agentLibraryPath,
+                                                platform::DeploymentJob& job) override;
+  std::int32_t qrvCCreateConfigurationFile(const std::string& libraryPath, std::string& systemName,
+                                           std::string& installDirectory, std::int32_t agentMode) override;
+  bool qrvCReadNWriteVhaConfigINI4Turbo(const std::string& agentLibraryPath, const std::string& agentFolder,
+                                        const std::string& iniPath, std::int32_t mode) override;
+  bool qrvGetSystemIPAddress(std::string& systemName, std::string& address) override;
+  bool qrvFindSystemAndReturnDetails(platform::SystemDetails& details) override;
+  bool qrvUpdateSystemDetailsInDB(platform::SystemDetails& details) override;
+  bool qrvChkRmtRegNGetPrgFilePath(const std::string& computer, std::string& path) override;
+
+ private:
+  [[nodiscard]] const FakeComputer* find(std::string_view name) const;
+  void raiseIfTold(const std::string& function);
+  platform::ThreadHandle startJob(const std::string& function, platform::DeploymentJob& job,
+                                  const std::string& libraryPath, std::uint32_t FakeComputer::*exitCode);
+
+  Journal& journal_;
+  FakeThreads& threads_;
+};
+
+}  // namespace varnhold::fakes

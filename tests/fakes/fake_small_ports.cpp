@@ -1,0 +1,33 @@
+#include "tests/fakes/fake_small_ports.h"
+
+namespace varnhold::fakes {
+
+void FakeClock::sleep(std::uint32_t milliseconds) {
+  journal_.push_back("Sleep " + std::to_string(milliseconds));
+  sleptMs += milliseconds;
+  if (onSleep) onSleep();
+}
+
+bool FakeEnvironment::setCurrentDirectory(const std::string& directory) {
+  const bool done = acceptsDirectory && directory == folder;
+  journal_.push_back("SetCurrentDirectory " + directory + (done ? " -> yes" : " -> no"));
+  return done;
+}
+
+std::optional<std::string> FakeEnvironment::getComputerName() {
+  journal_.push_back("GetComputerName -> " + (computerName ? shown(*computerName) : std::string("nothing")));
+  return computerName;
+}
+
+int FakeProcesses::shellExecute(const std::string& verb, const std::string& file, platform::ShowState show) {
+  journal_.push_back("ShellExecute " + verb + " " + shown(file) + " show " +
+                     std::to_string(static_cast<int>(show)) + " -> " + std::to_string(result));
+  return result;
+}
+
+void FakeUi::messageBox(const std::string& text, platform::MessageIcon icon) {
+  constexpr const char* kNames[] = {"information", "exclamation", "critical"};
+  journal_.push_back(std::string("MessageBox ") + kNames[static_cast<int>(icon)] + ": " + text);
+}
+
+}  // namespace varnhold::fakes

@@ -14,7 +14,8 @@ namespace varnhold::companion::abi {
 inline constexpr std::size_t kLongestText = 1023;
 
 /// A caller's string as UTF-8; nothing for a null pointer and for a string of more than `longest` bytes.
-[[nodiscard]] inline std::optional<std::string> text(const char* argument, std::size_t longest = kLongestText) {
+[[nodiscard]] inline std::optional<std::string> text(const char* argument,
+                                                     std::size_t longest = kLongestText) {
   if (argument == nullptr) return std::nullopt;
   std::size_t size = 0;
   while (size <= longest && argument[size] != '\0') ++size;
@@ -22,8 +23,8 @@ inline constexpr std::size_t kLongestText = 1023;
   return host::fromAbi({argument, size});
 }
 
-/// Writes the text and its NUL into a caller's buffer of `size` bytes; false, with the buffer as it was, when it does
-/// not fit or there is no buffer.
+/// Writes the text and its NUL into a caller's buffer of `size` bytes; false, with the buffer as it was, when
+/// it does not fit or there is no buffer.
 [[nodiscard]] inline bool write(char* buffer, std::size_t size, const std::string& utf8) {
   const std::string bytes = host::toAbi(utf8);
   if (buffer == nullptr || bytes.size() >= size) return false;

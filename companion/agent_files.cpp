@@ -27,8 +27,12 @@ bool belongsTo(const std::string& path, const std::string& agentFolder) {
 
 }  // namespace
 
-void AgentFiles::addFolder(const std::string& path) { addOnce(folders, path); }
-void AgentFiles::addFile(const std::string& name) { addOnce(files, name); }
+void AgentFiles::addFolder(const std::string& path) {
+  addOnce(folders, path);
+}
+void AgentFiles::addFile(const std::string& name) {
+  addOnce(files, name);
+}
 
 std::string writeAgentFiles(const AgentFiles& list) {
   std::string text;
@@ -45,8 +49,9 @@ AgentFiles readAgentFiles(std::string_view bytes, const std::string& agentFolder
       const auto path = readDrivePath(text.substr(kFolderWord.size()));
       if (path && belongsTo(path->text(), agentFolder)) list.addFolder(path->text());
     } else if (text.starts_with(kFileWord)) {
-      const auto path = readDrivePath(below(agentFolder, text.substr(kFileWord.size())));
-      if (path) list.addFile(std::string(text.substr(kFileWord.size())));
+      const std::string name(text.substr(kFileWord.size()));
+      const auto path = readDrivePath(below(agentFolder, name));
+      if (path && !equalsIgnoringCase(path->text(), agentFolder)) list.addFile(name);
     }
   }
   return list;

@@ -36,8 +36,8 @@ bool addFolder(const fs::path& folder, const std::string& prefix, std::vector<Ma
 
 }  // namespace
 
-AgentMaterial captureMaterial(const fs::path& libraryFolder, const AgentProduct& product, std::string managerName,
-                              std::string version) {
+AgentMaterial captureMaterial(const fs::path& libraryFolder, const AgentProduct& product,
+                              std::string managerName, std::string version) {
   AgentMaterial material{libraryFolder, std::move(managerName), std::move(version), {}};
   const auto capture = [&](const fs::path& folder, const std::string& prefix, std::string_view name) {
     const MaterialFile file{prefix + std::string(name), resolveIgnoringCase(folder, {std::string(name)})};
@@ -48,7 +48,8 @@ AgentMaterial captureMaterial(const fs::path& libraryFolder, const AgentProduct&
   return material;
 }
 
-std::optional<std::vector<MaterialFile>> listMaterial(const AgentMaterial& material, const AgentProduct& product) {
+std::optional<std::vector<MaterialFile>> listMaterial(const AgentMaterial& material,
+                                                      const AgentProduct& product) {
   std::vector<MaterialFile> files;
   if (!addFolder(productFolder(material.libraryFolder, product), "", files)) return std::nullopt;
   if (!addFolder(material.libraryFolder, std::string(kMaterialFolder) + "\\", files)) return std::nullopt;

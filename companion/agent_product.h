@@ -15,12 +15,9 @@ struct AgentProduct {
 };
 
 inline constexpr AgentProduct kVarnholdAgent{
-    "Varnhold Agent",
-    "Watches the event logs of this computer and reports to the Varnhold manager.",
-    "vhagent.exe",
-    R"(SOFTWARE\Kelmont Works\Varnhold\Agent)",
-    "Agent",
-    "vhaconfig.ini",
+    "Varnhold Agent", "Watches the event logs of this computer and reports to the Varnhold manager.",
+    "vhagent.exe",    R"(SOFTWARE\Kelmont Works\Varnhold\Agent)",
+    "Agent",          "vhaconfig.ini",
 };
 
 /// The folder of the installation material, on the manager and below the agent's folder.

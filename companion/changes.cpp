@@ -39,7 +39,8 @@ Win32Error makeFolders(RemoteFiles& files, const std::string& path, TakeBack& ta
   return kDone;
 }
 
-Win32Error writeFile(RemoteFiles& files, const std::string& path, std::string_view bytes, TakeBack& takeBack) {
+Win32Error writeFile(RemoteFiles& files, const std::string& path, std::string_view bytes,
+                     TakeBack& takeBack) {
   const auto before = files.read(path);
   if (before == bytes) return kDone;
   if (const Win32Error error = files.write(path, bytes)) return error;
@@ -73,7 +74,8 @@ Win32Error makeKeys(RemoteRegistry& registry, const std::string& key, TakeBack& 
   return kDone;
 }
 
-Win32Error setValue(RemoteRegistry& registry, const std::string& key, const NamedValue& value, TakeBack& takeBack) {
+Win32Error setValue(RemoteRegistry& registry, const std::string& key, const NamedValue& value,
+                    TakeBack& takeBack) {
   const auto values = registry.values(key);
   const auto before = std::find_if(values.begin(), values.end(), [&](const NamedValue& present) {
     return equalsIgnoringCase(present.name, value.name);

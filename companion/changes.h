@@ -6,8 +6,8 @@
 #include "companion/remote_computer.h"
 #include "companion/take_back.h"
 
-/// Changes to a computer that can be taken back: each notes, before or right after it is made, how the computer was.
-/// The first error ends the call; what was done until then is noted.
+/// Changes to a computer that can be taken back: each notes, before or right after it is made, how the
+/// computer was. The first error ends the call; what was done until then is noted.
 namespace varnhold::companion {
 
 /// Makes the folder and those above it; `made` gets the full path of each one that was not there.

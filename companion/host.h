@@ -20,19 +20,22 @@ namespace varnhold::companion::host {
 /// A path of this computer in the product's form (UTF-8, backslashes, letters of either case).
 [[nodiscard]] std::filesystem::path localPath(const std::string& path);
 
-/// The ending of the file that `replaceFile` writes first; one that a killed process left is no file of anybody.
+/// The ending of the file that `replaceFile` writes first; one that a killed process left is no file of
+/// anybody.
 inline constexpr std::string_view kFreshEnding = ".tmp";
 
-/// Makes the file or replaces it whole: a reader, or a process that is killed, finds either the old content or the new.
-/// Two writers of one file must exclude each other.
+/// Makes the file or replaces it whole: a reader, or a process that is killed, finds either the old content
+/// or the new. It does not wait for the disk: what a power failure takes from a lab is made again. Two
+/// writers of one file must exclude each other.
 [[nodiscard]] Win32Error replaceFile(const std::filesystem::path& file, std::string_view bytes);
 
-/// Holds the lock of `file` against every thread and process, waiting for its turn. The lock ends with the process too.
-/// Where the file cannot be made (a read-only folder), nothing is held: nothing can be written there either.
+/// Holds the lock of `file` against every thread and process, waiting for its turn. The lock ends with the
+/// process too. Where the file cannot be made (a read-only folder), nothing is held: nothing can be written
+/// there either.
 [[nodiscard]] std::unique_ptr<Hold> lockFile(const std::filesystem::path& file);
 
-/// Runs `work` in a thread of its own; its result is the thread's exit code. 0 when no thread could be started. The
-/// handle is the caller's.
+/// Runs `work` in a thread of its own; its result is the thread's exit code. 0 when no thread could be
+/// started. The handle is the caller's.
 [[nodiscard]] void* startThread(std::function<std::uint32_t()> work);
 
 }  // namespace varnhold::companion::host

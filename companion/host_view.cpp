@@ -60,8 +60,8 @@ std::optional<AdminSharePath> readAdminSharePath(const std::string& uncPath) {
   return AdminSharePath{share->host, path->text()};
 }
 
-Win32Error ShareConnections::connect(const Network& network, const std::string& share, const std::string& account,
-                                     const std::string& password) {
+Win32Error ShareConnections::connect(const Network& network, const std::string& share,
+                                     const std::string& account, const std::string& password) {
   const auto path = readAdminSharePath(share);
   if (!path) return kShareMissing;
   const auto computer = network.find(path->host);

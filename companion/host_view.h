@@ -7,23 +7,26 @@
 
 #include "companion/remote_computer.h"
 
-/// A computer's services, event logs and shares as the console sees them from afar; results are Win32 error numbers.
-/// `machine` is `\\NAME`.
+/// A computer's services, event logs and shares as the console sees them from afar; results are Win32 error
+/// numbers. `machine` is `\\NAME`.
 namespace varnhold::companion {
 
 [[nodiscard]] Win32Error openServiceManager(const Network& network, const std::string& machine);
-[[nodiscard]] Win32Error openService(const Network& network, const std::string& machine, const std::string& service);
+[[nodiscard]] Win32Error openService(const Network& network, const std::string& machine,
+                                     const std::string& service);
 /// Control 1 stops the service; any other is kInvalidControl.
 [[nodiscard]] Win32Error controlService(const Network& network, const std::string& machine,
                                         const std::string& service, std::uint32_t control);
-[[nodiscard]] Win32Error startService(const Network& network, const std::string& machine, const std::string& service);
-[[nodiscard]] Win32Error openEventLog(const Network& network, const std::string& machine, const std::string& log);
+[[nodiscard]] Win32Error startService(const Network& network, const std::string& machine,
+                                      const std::string& service);
+[[nodiscard]] Win32Error openEventLog(const Network& network, const std::string& machine,
+                                      const std::string& log);
 
 /// The administrative shares that this process is connected to. Any thread.
 class ShareConnections {
  public:
-  [[nodiscard]] Win32Error connect(const Network& network, const std::string& share, const std::string& account,
-                                   const std::string& password);
+  [[nodiscard]] Win32Error connect(const Network& network, const std::string& share,
+                                   const std::string& account, const std::string& password);
   /// kNotConnected for a share that was not connected.
   [[nodiscard]] Win32Error disconnect(const std::string& share);
 
@@ -32,7 +35,8 @@ class ShareConnections {
   std::set<std::string> connected_;  ///< in upper case
 };
 
-/// The path on the computer, "C:\folder\file", behind `\\HOST\C$\folder\file`, and the host; nothing for other paths.
+/// The path on the computer, "C:\folder\file", behind `\\HOST\C$\folder\file`, and the host; nothing for
+/// other paths.
 struct AdminSharePath {
   std::string host, path;
 };

@@ -58,7 +58,8 @@ IniText::IniText(std::string_view bytes) {
     const auto next = feed == std::string_view::npos ? bytes.size() : feed + 1;
     auto end = feed == std::string_view::npos ? bytes.size() : feed;
     if (end < bytes.size() && end > at && bytes[end - 1] == '\r') --end;
-    Line line{std::string(bytes.substr(at, end - at)), std::string(bytes.substr(end, next - end)), section, {}};
+    Line line{
+        std::string(bytes.substr(at, end - at)), std::string(bytes.substr(end, next - end)), section, {}};
     if (newLine_.empty()) newLine_ = line.end;
     readLine(std::move(line));
     section = lines_.back().section;
@@ -74,7 +75,8 @@ void IniText::readLine(Line line) {
   const auto equals = line.text.find('=', begin);
   lines_.push_back(line);
   if (content.empty() || content.front() == ';') return;
-  if (content.find('\0') != std::string_view::npos) return addProblem("holds a NUL byte; save the file as plain text");
+  if (content.find('\0') != std::string_view::npos)
+    return addProblem("holds a NUL byte; save the file as plain text");
   Line& kept = lines_.back();
   if (content.front() == '[') {
     const auto close = content.find(']');

@@ -8,10 +8,10 @@
 
 namespace varnhold::companion {
 
-/// An ini file: sections in brackets, `key = value` lines, comments behind `;` (at a line's begin, or behind a blank).
-/// A value in double quotes is what stands between them. Names of sections and keys compare without case; of two equal
-/// keys the first counts. A line that is not edited stays byte for byte, line end included. Any bytes can be read: what
-/// cannot be understood is passed over and named in `problems`.
+/// An ini file: sections in brackets, `key = value` lines, comments behind `;` (at a line's begin, or behind
+/// a blank). A value in double quotes is what stands between them. Names of sections and keys compare without
+/// case; of two equal keys the first counts. A line that is not edited stays byte for byte, line end
+/// included. Any bytes can be read: what cannot be understood is passed over and named in `problems`.
 class IniText {
  public:
   explicit IniText(std::string_view bytes = {});
@@ -24,8 +24,8 @@ class IniText {
   [[nodiscard]] std::vector<std::string> keys(std::string_view section) const;
   [[nodiscard]] std::optional<std::string> value(std::string_view section, std::string_view key) const;
 
-  /// Changes the value in its line, or adds the line at the end of its section, or the section at the end. Control
-  /// characters in `value` become blanks.
+  /// Changes the value in its line, or adds the line at the end of its section, or the section at the end.
+  /// Control characters in `value` become blanks.
   void setValue(std::string_view section, std::string_view key, std::string_view value);
   /// Removes all lines of the section.
   void removeSection(std::string_view section);

@@ -27,10 +27,11 @@ std::optional<std::vector<unsigned>> versionNumbers(const std::string& version) 
   return numbers;
 }
 
-/// An agent that is there already is replaced, unless it is of the first version or a later one than ours. A version
-/// that cannot be read, the registry being out of reach, is left to the steps that need the registry.
+/// An agent that is there already is replaced, unless it is of the first version or a later one than ours. A
+/// version that cannot be read, the registry being out of reach, is left to the steps that need the registry.
 Win32Error checkVersion(JobContext& context) {
-  if (context.computer.registry().open() != kDone || context.computer.services().open() != kDone) return kDone;
+  if (context.computer.registry().open() != kDone || context.computer.services().open() != kDone)
+    return kDone;
   readEarlierAgent(context);
   const auto present = versionNumbers(agentValue(context, "Version").value_or(""));
   if (!present) return kDone;
@@ -40,18 +41,24 @@ Win32Error checkVersion(JobContext& context) {
 }
 
 /// A service of that name that no agent is registered for is somebody else's.
-bool isReinstall(const JobContext& context) { return context.earlierFolder && context.earlierService; }
+bool isReinstall(const JobContext& context) {
+  return context.earlierFolder && context.earlierService;
+}
 
-bool mustStop(const JobContext& context) { return isReinstall(context) && serviceRuns(context); }
+bool mustStop(const JobContext& context) {
+  return isReinstall(context) && serviceRuns(context);
+}
 
 std::string expandFolder(const std::string& directory, const std::string& programFiles) {
   const std::string path = trimBlanks(directory);
-  const bool relative = equalsIgnoringCase(std::string_view(path).substr(0, kProgramFiles.size()), kProgramFiles);
+  const bool relative =
+      equalsIgnoringCase(std::string_view(path).substr(0, kProgramFiles.size()), kProgramFiles);
   return relative ? programFiles + path.substr(kProgramFiles.size()) : path;
 }
 
 Win32Error makeDirectory(JobContext& context) {
-  const auto path = readDrivePath(expandFolder(context.record.installDirectory, context.computer.facts().programFiles));
+  const auto path =
+      readDrivePath(expandFolder(context.record.installDirectory, context.computer.facts().programFiles));
   if (!path) return kBadPathName;
   context.folder = path->text();
   return makeFolders(context.computer.files(), context.folder, context.takeBack, context.madeFolders);
@@ -79,7 +86,8 @@ Win32Error copyFile(JobContext& context, const MaterialFile& file) {
   const auto folder = folderAbove(target);
   if (!folder) return kBadPathName;
   RemoteFiles& files = context.computer.files();
-  if (const Win32Error error = makeFolders(files, *folder, context.takeBack, context.madeFolders)) return error;
+  if (const Win32Error error = makeFolders(files, *folder, context.takeBack, context.madeFolders))
+    return error;
   return writeFile(files, target, *bytes, context.takeBack);
 }
 
@@ -92,7 +100,9 @@ Win32Error copyMaterial(JobContext& context) {
   return kDone;
 }
 
-bool hasConfigFile(const JobContext& context) { return !context.record.configFile.empty(); }
+bool hasConfigFile(const JobContext& context) {
+  return !context.record.configFile.empty();
+}
 
 Win32Error copyConfigFile(JobContext& context) {
   const auto bytes = readWhole(host::localPath(context.record.configFile), kLargestConfiguration);
@@ -150,7 +160,9 @@ Win32Error createService(JobContext& context) {
   return kDone;
 }
 
-bool hasAccount(const JobContext& context) { return !context.record.serviceUser.empty(); }
+bool hasAccount(const JobContext& context) {
+  return !context.record.serviceUser.empty();
+}
 
 /// Needs no take-back of its own: the service itself goes, or is changed back whole.
 Win32Error setAccount(JobContext& context) {
@@ -202,6 +214,8 @@ constexpr Step kInstallSteps[] = {
 
 }  // namespace
 
-std::span<const Step> installSteps() { return kInstallSteps; }
+std::span<const Step> installSteps() {
+  return kInstallSteps;
+}
 
 }  // namespace varnhold::companion

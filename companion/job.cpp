@@ -5,7 +5,9 @@
 namespace varnhold::companion {
 namespace {
 
-bool isWarning(std::int32_t code) { return code == kSecurityNotConfigured || code == kNotStarted; }
+bool isWarning(std::int32_t code) {
+  return code == kSecurityNotConfigured || code == kNotStarted;
+}
 
 bool isSuccess(JobKind kind, std::int32_t code) {
   if (kind == JobKind::Uninstall) return code == kUninstalled;
@@ -13,8 +15,8 @@ bool isSuccess(JobKind kind, std::int32_t code) {
 }
 
 std::int32_t codeOf(const Step& step, Win32Error error) {
-  const auto found =
-      std::find_if(step.codes.begin(), step.codes.end(), [&](const ErrorCode& known) { return known.error == error; });
+  const auto found = std::find_if(step.codes.begin(), step.codes.end(),
+                                  [&](const ErrorCode& known) { return known.error == error; });
   return found == step.codes.end() ? step.otherwise : found->code;
 }
 
@@ -23,7 +25,8 @@ Win32Error runStep(const Step& step, JobContext& context) {
   return step.run(context);
 }
 
-std::int32_t work(JobKind kind, const Network& network, const JobRecord& record, const AgentMaterial& material) {
+std::int32_t work(JobKind kind, const Network& network, const JobRecord& record,
+                  const AgentMaterial& material) {
   // Nothing of ours is on a computer that is watched from the manager.
   if (kind == JobKind::Uninstall && record.agentless) return kUninstalled;
   auto found = network.find(record.systemName);

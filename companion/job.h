@@ -73,8 +73,9 @@ struct Step {
 [[nodiscard]] std::span<const Step> installSteps();
 [[nodiscard]] std::span<const Step> uninstallSteps();
 
-/// Runs the steps in order. A warning (167, 232) is remembered and the job goes on; any other error ends it with the
-/// step's code, and what was done is taken back. `success`, or the first warning, when all went through.
+/// Runs the steps in order. A warning (167, 232) is remembered and the job goes on; any other error ends it
+/// with the step's code, and what was done is taken back. `success`, or the first warning, when all went
+/// through.
 [[nodiscard]] std::int32_t runSteps(std::span<const Step> steps, std::int32_t success, JobContext& context);
 
 enum class JobKind { Install, Uninstall };
@@ -82,10 +83,11 @@ enum class JobKind { Install, Uninstall };
 /// Pauses the calling thread.
 using Sleep = std::function<void(std::chrono::milliseconds)>;
 
-/// Does one job as its script has it: waits, then works, and gives the result code. A script's own code stands in place
-/// of the job's; the work is done only when that code means success. Never returns for a job that never ends. Runs in
-/// the job's thread; raises nothing.
+/// Does one job as its script has it: waits, then works, and gives the result code. A script's own code
+/// stands in place of the job's; the work is done only when that code means success. Never returns for a job
+/// that never ends. Runs in the job's thread; raises nothing.
 [[nodiscard]] std::int32_t runJob(JobKind kind, const Network& network, const JobScript& script,
-                                  const JobRecord& record, const AgentMaterial& material, const Sleep& sleep) noexcept;
+                                  const JobRecord& record, const AgentMaterial& material,
+                                  const Sleep& sleep) noexcept;
 
 }  // namespace varnhold::companion

@@ -23,6 +23,11 @@ bool hasLibrary(const fs::path& library) {
   return fs::is_regular_file(library, error) || fs::is_regular_file(withEnding, error);
 }
 
+/// The lock lies beside the folders, so that it does not go to a target with their files.
+std::unique_ptr<Hold> lockMaterial(const fs::path& folder) {
+  return host::lockFile(folder.parent_path() / "material.lock");
+}
+
 bool isPlain(const std::string& text) {
   return !text.empty() &&
          std::none_of(text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; });
@@ -30,12 +35,12 @@ bool isPlain(const std::string& text) {
 
 }  // namespace
 
-bool editAgentConfiguration(const fs::path& agentLibrary, const fs::path& agentFolder, const fs::path& iniFile,
-                            std::int32_t mode) {
+bool editAgentConfiguration(const fs::path& agentLibrary, const fs::path& agentFolder,
+                            const fs::path& iniFile, std::int32_t mode) {
   if (mode != kUpgrade && mode != kStandard && mode != kHighPerformance) return false;
   std::error_code error;
   if (!fs::is_directory(agentFolder, error) || !hasLibrary(agentLibrary)) return false;
-  const auto lock = host::lockFile(fs::path(iniFile).concat(".lock"));
+  const auto lock = lockMaterial(agentFolder);
   const auto bytes = readWhole(iniFile, kLargestFile);
   if (!bytes || bytes->find('\0') != std::string::npos) return false;
   IniText ini(*bytes);
@@ -45,15 +50,18 @@ bool editAgentConfiguration(const fs::path& agentLibrary, const fs::path& agentF
 }
 
 bool writeSetupInformation(const fs::path& libraryFolder, const SetupInformation& setup) {
-  if (!isPlain(setup.systemName) || !isPlain(setup.installDirectory) || !isPlain(setup.managerName)) return false;
+  if (!isPlain(setup.systemName) || !isPlain(setup.installDirectory) || !isPlain(setup.managerName))
+    return false;
   std::error_code error;
   if (!fs::is_directory(libraryFolder, error)) return false;
+  const auto lock = lockMaterial(libraryFolder);
   IniText ini;
   ini.setValue("Setup", "System", setup.systemName);
   ini.setValue("Setup", "InstallDirectory", setup.installDirectory);
   ini.setValue("Setup", "Mode", std::to_string(setup.mode));
   ini.setValue("Setup", "Manager", setup.managerName);
-  return host::replaceFile(resolveIgnoringCase(libraryFolder, {std::string(kSetupFile)}), ini.text()) == kDone;
+  return host::replaceFile(resolveIgnoringCase(libraryFolder, {std::string(kSetupFile)}), ini.text()) ==
+         kDone;
 }
 
 }  // namespace varnhold::companion

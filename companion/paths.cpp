@@ -40,7 +40,8 @@ bool isFileName(std::string_view name) {
   constexpr std::size_t kLongestName = 255;
   if (name.empty() || name.size() > kLongestName || name.back() == '.' || name.back() == ' ') return false;
   return std::none_of(name.begin(), name.end(), [](unsigned char c) {
-    return c < 0x20 || c == 0x7F || std::string_view("\\/:*?\"<>|").find(static_cast<char>(c)) != std::string_view::npos;
+    return c < 0x20 || c == 0x7F ||
+           std::string_view("\\/:*?\"<>|").find(static_cast<char>(c)) != std::string_view::npos;
   });
 }
 

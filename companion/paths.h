@@ -12,13 +12,13 @@ namespace varnhold::companion {
 [[nodiscard]] std::filesystem::path pathFromUtf8(std::string_view text);
 [[nodiscard]] std::string utf8FromPath(const std::filesystem::path& path);
 
-/// `base` followed by the names, each found without regard to case where it is not there exactly; a name that is
-/// not there at all is taken as it stands.
+/// `base` followed by the names, each found without regard to case where it is not there exactly; a name that
+/// is not there at all is taken as it stands.
 [[nodiscard]] std::filesystem::path resolveIgnoringCase(std::filesystem::path base,
                                                         const std::vector<std::string>& names);
 
-/// May this be the name of one file or folder on a Windows drive? No separator, colon, wildcard or control character, no
-/// dot or blank at its end ("." and ".." among them), and at most 255 bytes.
+/// May this be the name of one file or folder on a Windows drive? No separator, colon, wildcard or control
+/// character, no dot or blank at its end ("." and ".." among them), and at most 255 bytes.
 [[nodiscard]] bool isFileName(std::string_view name);
 
 /// A path on a drive of a computer: "C:\folder\file".
@@ -29,8 +29,8 @@ struct DrivePath {
   [[nodiscard]] std::string text() const;
 };
 
-/// Reads a drive path; slashes count as backslashes, a closing one and doubled ones don't count. Nothing when it is
-/// no full path or a name in it may not be one.
+/// Reads a drive path; slashes count as backslashes, a closing one and doubled ones don't count. Nothing when
+/// it is no full path or a name in it may not be one.
 [[nodiscard]] std::optional<DrivePath> readDrivePath(std::string_view path);
 
 /// The part of `path` above its last name; nothing for a drive's root.

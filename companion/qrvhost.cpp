@@ -10,14 +10,17 @@
 namespace varnhold::companion {
 namespace {
 
-LabNetwork lab() { return LabNetwork(readSurroundings().labFolder); }
+LabNetwork lab() {
+  return LabNetwork(readSurroundings().labFolder);
+}
 
 ShareConnections& connections() {
   static auto* own = new ShareConnections;
   return *own;
 }
 
-/// Calls `action` with the arguments as text; kInvalidParameter when one is null or too long, or the call fails.
+/// Calls `action` with the arguments as text; kInvalidParameter when one is null or too long, or the call
+/// fails.
 template <typename Action, typename... Arguments>
 std::uint32_t call(Action action, const Arguments*... arguments) noexcept {
   return abi::guarded<std::uint32_t>(kInvalidParameter, [&]() -> std::uint32_t {
@@ -56,7 +59,8 @@ uint32_t qrvHostOpenService(const char* machine, const char* service) {
 }
 
 uint32_t qrvHostControlService(const char* machine, const char* service, uint32_t control) {
-  return call([&](Texts text) { return controlService(lab(), *text[0], *text[1], control); }, machine, service);
+  return call([&](Texts text) { return controlService(lab(), *text[0], *text[1], control); }, machine,
+              service);
 }
 
 uint32_t qrvHostStartService(const char* machine, const char* service) {
@@ -68,8 +72,8 @@ uint32_t qrvHostOpenEventLog(const char* machine, const char* log) {
 }
 
 uint32_t qrvHostConnectShare(const char* share, const char* account, const char* password) {
-  return call([](Texts text) { return connections().connect(lab(), *text[0], *text[1], *text[2]); }, share, account,
-              password);
+  return call([](Texts text) { return connections().connect(lab(), *text[0], *text[1], *text[2]); }, share,
+              account, password);
 }
 
 uint32_t qrvHostDisconnectShare(const char* share) {

@@ -28,8 +28,14 @@ std::optional<JobRecord> copyRecord(const QrvDeploymentJob& job) {
   const auto password = abi::text(job.ServicePassword);
   const auto configFile = abi::text(job.ConfigFile);
   if (!name || !directory || !snapshots || !user || !password || !configFile) return std::nullopt;
-  return JobRecord{*name,         *directory,  *snapshots,    *user,
-                   *password,     *configFile, job.AgentMode, job.AgentKind == kAgentless,
+  return JobRecord{*name,
+                   *directory,
+                   *snapshots,
+                   *user,
+                   *password,
+                   *configFile,
+                   job.AgentMode,
+                   job.AgentKind == kAgentless,
                    job.RemedialFlag != 0};
 }
 
@@ -58,12 +64,15 @@ QrvThread startJob(JobKind kind, const QrvDeploymentJob* job, const char* librar
   const JobScript script =
       network.script(record->systemName, kind == JobKind::Install ? "install" : "uninstall");
   if (script.noThread) return nullptr;
-  AgentMaterial material = captureMaterial(host::localPath(*library), kVarnholdAgent, surroundings.managerName,
-                                           surroundings.agentVersion);
-  return host::startThread([work = Job{kind, network, script, *record, std::move(material)}] { return exitCode(work); });
+  AgentMaterial material = captureMaterial(host::localPath(*library), kVarnholdAgent,
+                                           surroundings.managerName, surroundings.agentVersion);
+  return host::startThread(
+      [work = Job{kind, network, script, *record, std::move(material)}] { return exitCode(work); });
 }
 
-LabNetwork lab() { return LabNetwork(readSurroundings().labFolder); }
+LabNetwork lab() {
+  return LabNetwork(readSurroundings().labFolder);
+}
 
 /// The library's own connection to the inventory, opened when it is first needed and again after an error.
 struct Inventory {
@@ -103,7 +112,8 @@ bool fillDetails(QrvSystemDetails& details, const SystemFacts& facts) {
     return false;
   details.OSMajorVersion = facts.osMajor;
   details.SystemType = facts.systemType;
-  return abi::write(details.ResolvedName, kQrvResolvedNameSize, fitting(facts.resolvedName, kQrvResolvedNameSize)) &&
+  return abi::write(details.ResolvedName, kQrvResolvedNameSize,
+                    fitting(facts.resolvedName, kQrvResolvedNameSize)) &&
          abi::write(details.DetailsText1, kQrvText1Size, fitting(facts.description, kQrvText1Size)) &&
          abi::write(details.DetailsText2, kQrvText2Size, fitting(facts.address, kQrvText2Size));
 }
@@ -149,8 +159,8 @@ int32_t QRV_CALL qrvCReadNWriteVhaConfigINI4Turbo(char* agentLibraryPath, char* 
     // No computer is named in this call: what it is to give stands with the manager's own.
     const auto scripted = LabNetwork(surroundings.labFolder).script(surroundings.managerName, "ini").result;
     if (scripted == 0) return 0;
-    const bool edited =
-        editAgentConfiguration(host::localPath(*library), host::localPath(*folder), host::localPath(*ini), mode);
+    const bool edited = editAgentConfiguration(host::localPath(*library), host::localPath(*folder),
+                                               host::localPath(*ini), mode);
     return edited ? scripted.value_or(1) : 0;
   });
 }

@@ -15,15 +15,15 @@ namespace varnhold::companion {
 /// What is known of a computer before anything is done to it.
 struct ComputerFacts {
   std::string name;
-  std::string address;              ///< dotted; empty: the name does not resolve
-  std::int32_t systemType = 0;      ///< a value of `System_Type`
-  std::int32_t osMajor = 0;         ///< major version of the operating system
+  std::string address;          ///< dotted; empty: the name does not resolve
+  std::int32_t systemType = 0;  ///< a value of `System_Type`
+  std::int32_t osMajor = 0;     ///< major version of the operating system
   std::string domain, description;
-  std::string programFiles;         ///< "C:\Program Files"
+  std::string programFiles;  ///< "C:\Program Files"
 };
 
-/// The drives of a computer through its administrative shares. Paths are the computer's own: "C:\folder\file", letters
-/// of either case; a path that is none of these gives kBadPathName.
+/// The drives of a computer through its administrative shares. Paths are the computer's own:
+/// "C:\folder\file", letters of either case; a path that is none of these gives kBadPathName.
 class RemoteFiles {
  public:
   virtual ~RemoteFiles() = default;
@@ -46,12 +46,12 @@ enum class ServiceStart { Automatic, Manual, Disabled };
 
 struct ServiceEntry {
   std::string name;
-  std::string path;                     ///< the program's file
+  std::string path;  ///< the program's file
   std::string account = "LocalSystem";
   bool running = false;
   ServiceStart start = ServiceStart::Automatic;
   std::string description;
-  bool secured = false;                 ///< its access rights were configured
+  bool secured = false;  ///< its access rights were configured
 };
 
 /// The service manager of a computer. Names compare without case.
@@ -142,8 +142,8 @@ class Network {
  public:
   virtual ~Network() = default;
 
-  /// Finds a computer by its name without case, or by its address; leading backslashes and surrounding blanks don't
-  /// count. Nothing when there is none.
+  /// Finds a computer by its name without case, or by its address; leading backslashes and surrounding blanks
+  /// don't count. Nothing when there is none.
   [[nodiscard]] virtual std::unique_ptr<RemoteComputer> find(std::string_view nameOrAddress) const = 0;
   [[nodiscard]] virtual JobScript script(std::string_view nameOrAddress, std::string_view job) const = 0;
 };

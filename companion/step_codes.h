@@ -2,8 +2,8 @@
 
 #include "companion/job.h"
 
-/// What the errors of one call mean as result codes: the catalogue's texts, by the error lists of the Win32 calls
-/// (winsvc.h). An error that is in no list has the step's own code.
+/// What the errors of one call mean as result codes: the catalogue's texts, by the error lists of the Win32
+/// calls (winsvc.h). An error that is in no list has the step's own code.
 namespace varnhold::companion {
 
 inline constexpr ErrorCode kConnectCodes[] = {
@@ -11,17 +11,19 @@ inline constexpr ErrorCode kConnectCodes[] = {
 
 inline constexpr ErrorCode kVersionCodes[] = {{kOtherVersion, 253}, {kOldVersion, 258}};
 
-inline constexpr ErrorCode kInstallManagerCodes[] = {{kServiceDatabaseMissing, 171}, {kInvalidParameter, 172}};
+inline constexpr ErrorCode kInstallManagerCodes[] = {{kServiceDatabaseMissing, 171},
+                                                     {kInvalidParameter, 172}};
 
-inline constexpr ErrorCode kCreateServiceCodes[] = {
-    {kCircularDependency, 181}, {kInvalidParameter, 182}, {kDuplicateServiceName, 183}, {kInvalidHandle, 184},
-    {kInvalidName, 185},        {kInvalidAccount, 186},   {kServiceExists, 187},        {kMarkedForDelete, 229}};
+inline constexpr ErrorCode kCreateServiceCodes[] = {{kCircularDependency, 181},   {kInvalidParameter, 182},
+                                                    {kDuplicateServiceName, 183}, {kInvalidHandle, 184},
+                                                    {kInvalidName, 185},          {kInvalidAccount, 186},
+                                                    {kServiceExists, 187},        {kMarkedForDelete, 229}};
 
 inline constexpr ErrorCode kStartCodes[] = {
-    {kPathMissing, 222},           {kFileMissing, 222},      {kServiceDatabaseLocked, 224},
-    {kDependencyDeleted, 225},     {kDependencyFailed, 226}, {kServiceDisabled, 227},
-    {kLogonFailed, 228},           {kMarkedForDelete, 229},  {kServiceThread, 230},
-    {kServiceTimeout, 231},        {kNoController, 163},     {kServerUnavailable, 163}};
+    {kPathMissing, 222},       {kFileMissing, 222},      {kServiceDatabaseLocked, 224},
+    {kDependencyDeleted, 225}, {kDependencyFailed, 226}, {kServiceDisabled, 227},
+    {kLogonFailed, 228},       {kMarkedForDelete, 229},  {kServiceThread, 230},
+    {kServiceTimeout, 231},    {kNoController, 163},     {kServerUnavailable, 163}};
 
 inline constexpr ErrorCode kUninstallManagerCodes[] = {
     {kAccessDenied, 190}, {kServiceDatabaseMissing, 191}, {kInvalidParameter, 192}};
@@ -30,10 +32,11 @@ inline constexpr ErrorCode kFindCodes[] = {
     {kAccessDenied, 200}, {kInvalidHandle, 193}, {kInvalidName, 195}, {kServiceMissing, 196}};
 
 inline constexpr ErrorCode kStopCodes[] = {
-    {kAccessDenied, 210},       {kInvalidHandle, 201},   {kDependentsRunning, 202},
-    {kInvalidParameter, 203},   {kInvalidControl, 204},  {kControlNotAccepted, 205},
-    {kServiceNotActive, 206},   {kServiceTimeout, 207},  {kShuttingDown, 208}};
+    {kAccessDenied, 210},     {kInvalidHandle, 201},  {kDependentsRunning, 202},
+    {kInvalidParameter, 203}, {kInvalidControl, 204}, {kControlNotAccepted, 205},
+    {kServiceNotActive, 206}, {kServiceTimeout, 207}, {kShuttingDown, 208}};
 
-inline constexpr ErrorCode kDeleteCodes[] = {{kAccessDenied, 220}, {kInvalidHandle, 221}, {kMarkedForDelete, 212}};
+inline constexpr ErrorCode kDeleteCodes[] = {
+    {kAccessDenied, 220}, {kInvalidHandle, 221}, {kMarkedForDelete, 212}};
 
 }  // namespace varnhold::companion

@@ -8,13 +8,21 @@
 
 namespace varnhold::companion {
 
-Win32Error reach(JobContext& context) { return context.computer.files().connect(); }
+Win32Error reach(JobContext& context) {
+  return context.computer.files().connect();
+}
 
-Win32Error openRegistry(JobContext& context) { return context.computer.registry().open(); }
+Win32Error openRegistry(JobContext& context) {
+  return context.computer.registry().open();
+}
 
-Win32Error openServiceManager(JobContext& context) { return context.computer.services().open(); }
+Win32Error openServiceManager(JobContext& context) {
+  return context.computer.services().open();
+}
 
-bool serviceRuns(const JobContext& context) { return context.earlierService && context.earlierService->running; }
+bool serviceRuns(const JobContext& context) {
+  return context.earlierService && context.earlierService->running;
+}
 
 Win32Error stopService(JobContext& context) {
   RemoteServices& services = context.computer.services();
@@ -45,7 +53,8 @@ AgentFiles agentFilesIn(JobContext& context, const std::string& folder) {
   if (const auto bytes = context.computer.files().read(below(folder, kAgentFilesList)))
     return readAgentFiles(*bytes, folder);
   AgentFiles list;
-  for (const MaterialFile& file : listMaterial(context.material, context.product).value_or(std::vector<MaterialFile>()))
+  for (const MaterialFile& file :
+       listMaterial(context.material, context.product).value_or(std::vector<MaterialFile>()))
     list.addFile(file.name);
   list.addFolder(folder);
   list.addFolder(below(folder, kMaterialFolder));

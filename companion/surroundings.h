@@ -12,8 +12,8 @@ struct Surroundings {
   std::string agentVersion;         ///< of the agent that the manager brings along: its own, or "7.0"
 };
 
-/// Asks the host, afresh on every call: another home or installation may be in use by now. Raises what the host's
-/// registry raises. Main thread.
+/// Asks the host, afresh on every call: another home or installation may be in use by now. Raises what the
+/// host's registry raises. Main thread.
 [[nodiscard]] Surroundings readSurroundings();
 
 }  // namespace varnhold::companion

@@ -9,7 +9,9 @@
 namespace varnhold::companion {
 namespace {
 
-bool isBlank(const store::Value& value) { return value.isNull() || value.asText().empty(); }
+bool isBlank(const store::Value& value) {
+  return value.isNull() || value.asText().empty();
+}
 
 /// Makes the row of that name the one to be written; true when a description stands in it already.
 bool findOrAddRow(store::Recordset& rows, const std::string& name) {

@@ -16,7 +16,8 @@ struct ResolvedAddress {
 };
 
 /// Nothing when no computer has the name or address, or it has no address.
-[[nodiscard]] std::optional<ResolvedAddress> resolveAddress(const Network& network, const std::string& nameOrAddress);
+[[nodiscard]] std::optional<ResolvedAddress> resolveAddress(const Network& network,
+                                                            const std::string& nameOrAddress);
 
 struct SystemFacts {
   std::string resolvedName;
@@ -35,11 +36,12 @@ struct SystemRow {
   std::string address, description;
 };
 
-/// Adds the row, or brings the one of that exact name up to date. A description that somebody wrote stays. Errors as
-/// for `Connection`.
+/// Adds the row, or brings the one of that exact name up to date. A description that somebody wrote stays.
+/// Errors as for `Connection`.
 void storeSystem(store::Connection& connection, const SystemRow& system);
 
 /// The program-files folder of a computer, through its registry; nothing when that cannot be read.
-[[nodiscard]] std::optional<std::string> programFilesFolder(const Network& network, const std::string& computer);
+[[nodiscard]] std::optional<std::string> programFilesFolder(const Network& network,
+                                                            const std::string& computer);
 
 }  // namespace varnhold::companion

@@ -7,8 +7,8 @@
 
 namespace varnhold::companion {
 
-/// What must be done to leave a computer as it was before a job. Unless the job's work is kept, it is done when the
-/// object goes, last change first.
+/// What must be done to leave a computer as it was before a job. Unless the job's work is kept, it is done
+/// when the object goes, last change first.
 class TakeBack {
  public:
   TakeBack() = default;

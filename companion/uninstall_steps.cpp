@@ -12,7 +12,9 @@ Win32Error findAgent(JobContext& context) {
   return context.earlierService || context.earlierFolder ? kDone : kServiceMissing;
 }
 
-bool hasService(const JobContext& context) { return context.earlierService.has_value(); }
+bool hasService(const JobContext& context) {
+  return context.earlierService.has_value();
+}
 
 Win32Error deleteService(JobContext& context) {
   RemoteServices& services = context.computer.services();
@@ -35,9 +37,13 @@ Win32Error removeRegistry(JobContext& context) {
   return kDone;
 }
 
-bool hasFolder(const JobContext& context) { return context.earlierFolder.has_value(); }
+bool hasFolder(const JobContext& context) {
+  return context.earlierFolder.has_value();
+}
 
-Win32Error removeFiles(JobContext& context) { return removeAgentFiles(context, *context.earlierFolder); }
+Win32Error removeFiles(JobContext& context) {
+  return removeAgentFiles(context, *context.earlierFolder);
+}
 
 constexpr Step kUninstallSteps[] = {
     {"connect", reach, 154, kConnectCodes},
@@ -53,6 +59,8 @@ constexpr Step kUninstallSteps[] = {
 
 }  // namespace
 
-std::span<const Step> uninstallSteps() { return kUninstallSteps; }
+std::span<const Step> uninstallSteps() {
+  return kUninstallSteps;
+}
 
 }  // namespace varnhold::companion

@@ -4,7 +4,7 @@ packages_build=(g++ cmake ninja-build ccache unixodbc-dev odbcinst libsqliteodbc
 packages_test=(
   libgtest-dev googletest libbenchmark-dev                       # test and benchmark frameworks
   odbc-postgresql odbc-mariadb postgresql mariadb-server         # the other inventories, started by the tests
-  g++-mingw-w64-x86-64-posix wine64 wine                         # the Windows build, and where it runs
+  g++-mingw-w64-x86-64-posix wine64                         # the Windows build, and where it runs
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 git  # fuzzing and house style, pinned
 )
 

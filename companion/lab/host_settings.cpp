@@ -11,10 +11,23 @@ namespace varnhold::companion {
 namespace {
 
 constexpr const char* kJobs[] = {"install", "uninstall", "upgrade", "configuration_file", "ini"};
-constexpr const char* kSteps[] = {"connect",         "version",         "share",       "directory",    "copy",
-                                  "config_file",     "registry",    "remote_registry", "service_manager",
-                                  "service",         "account",     "start",        "security",
-                                  "stop",            "find",        "delete",       "remove_registry",
+constexpr const char* kSteps[] = {"connect",
+                                  "version",
+                                  "share",
+                                  "directory",
+                                  "copy",
+                                  "config_file",
+                                  "registry",
+                                  "remote_registry",
+                                  "service_manager",
+                                  "service",
+                                  "account",
+                                  "start",
+                                  "security",
+                                  "stop",
+                                  "find",
+                                  "delete",
+                                  "remove_registry",
                                   "remove_files"};
 
 std::string lowerCase(std::string text) {
@@ -75,7 +88,8 @@ class Reader {
   }
 
   template <typename Parse, typename Value>
-  void take(std::string_view section, const std::string& key, Parse parse, Value& value, std::string_view wanted) {
+  void take(std::string_view section, const std::string& key, Parse parse, Value& value,
+            std::string_view wanted) {
     const auto text = ini_.value(section, key);
     if (!text) return;
     if (const auto parsed = parse(*text))
@@ -96,7 +110,8 @@ class Reader {
     };
     const auto drives = [](const std::string& value) -> std::optional<std::string> {
       std::string letters = toUpper(replaceAll(value, " ", ""));
-      const bool good = std::all_of(letters.begin(), letters.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+      const bool good =
+          std::all_of(letters.begin(), letters.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
       return good ? std::optional(letters) : std::nullopt;
     };
     take("host", "address", address, facts.address, "is no dotted address, so the name does not resolve");
@@ -117,7 +132,8 @@ class Reader {
 
   void readResults() {
     for (const std::string job : kJobs)
-      take("result", job, number, settings_.scripts[job].result, "is no whole number; the job goes by itself");
+      take("result", job, number, settings_.scripts[job].result,
+           "is no whole number; the job goes by itself");
   }
 
   void readThreads() {
@@ -147,7 +163,8 @@ class Reader {
         const auto refused = yesOrNo(text);
         return refused ? std::optional(*refused ? kAccessDenied : kDone) : std::nullopt;
       };
-      take("refuse", step, error, settings_.refusals[step], "is neither yes, no nor a Win32 error number; taken as no");
+      take("refuse", step, error, settings_.refusals[step],
+           "is neither yes, no nor a Win32 error number; taken as no");
     }
   }
 

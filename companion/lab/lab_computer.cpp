@@ -19,13 +19,14 @@ Win32Error LabComputer::openEventLog(std::string_view log) {
 
 Win32Error LabComputer::logOn(const std::string& account, const std::string& password) {
   if (const Win32Error error = files_.connect()) return error;
-  const bool accepted =
-      settings_.account.empty() ||
-      (equalsIgnoringCase(account, settings_.account) && password == settings_.password);
+  const bool accepted = settings_.account.empty() ||
+                        (equalsIgnoringCase(account, settings_.account) && password == settings_.password);
   return accepted ? kDone : kLogonRefused;
 }
 
-std::unique_ptr<Hold> LabComputer::beginJob() { return host::lockFile(folder_ / "job.lock"); }
+std::unique_ptr<Hold> LabComputer::beginJob() {
+  return host::lockFile(folder_ / "job.lock");
+}
 
 Win32Error LabComputer::refusal(std::string_view step) const {
   const auto found = settings_.refusals.find(step);

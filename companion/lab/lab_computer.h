@@ -11,7 +11,8 @@
 
 namespace varnhold::companion {
 
-/// A computer of the lab: a folder that holds `host.ini`, `services.ini`, `registry.reg` and one folder per drive.
+/// A computer of the lab: a folder that holds `host.ini`, `services.ini`, `registry.reg` and one folder per
+/// drive.
 class LabComputer : public RemoteComputer {
  public:
   LabComputer(const std::filesystem::path& folder, HostSettings settings);

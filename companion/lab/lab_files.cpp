@@ -10,7 +10,8 @@ constexpr std::size_t kLargestFile = 256U << 20;
 
 Win32Error win32Error(const std::error_code& error) {
   if (!error) return kDone;
-  if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) return kPathMissing;
+  if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)
+    return kPathMissing;
   if (error == std::errc::directory_not_empty) return kFolderNotEmpty;
   if (error == std::errc::file_exists) return kAlreadyExists;
   if (error == std::errc::no_space_on_device) return kDiskIsFull;

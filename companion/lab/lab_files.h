@@ -25,8 +25,8 @@ class LabFiles : public RemoteFiles {
   [[nodiscard]] Win32Error createFolder(const std::string& path) override;
   [[nodiscard]] Win32Error removeFolder(const std::string& path) override;
 
-  /// Makes the drive's folder where the computer has the drive and its folder is missing; kShareMissing where it does
-  /// not have it. The folder stays.
+  /// Makes the drive's folder where the computer has the drive and its folder is missing; kShareMissing where
+  /// it does not have it. The folder stays.
   [[nodiscard]] Win32Error provideDrive(char letter);
   /// Where the path lies on this host; nothing for what is no full path.
   [[nodiscard]] std::optional<std::filesystem::path> hostPath(const std::string& path) const;

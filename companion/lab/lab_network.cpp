@@ -43,7 +43,8 @@ std::optional<LabNetwork::Host> LabNetwork::readHost(const std::filesystem::path
   HostSettings settings = readHostSettings(bytes.value_or(""), utf8FromPath(folder.filename()));
   if (!bytes) {
     settings.answers = false;
-    settings.problems.emplace_back("host.ini cannot be read, or is larger than 1 MB; the computer does not answer");
+    settings.problems.emplace_back(
+        "host.ini cannot be read, or is larger than 1 MB; the computer does not answer");
   }
   reportProblems(folder, settings.problems);
   return Host{folder, std::move(settings)};
@@ -61,7 +62,7 @@ std::optional<LabNetwork::Host> LabNetwork::findByAddress(const std::string& add
 
 std::optional<LabNetwork::Host> LabNetwork::findHost(std::string_view nameOrAddress) const {
   const std::string name = plainComputerName(nameOrAddress);
-  if (!isFileName(name)) return std::nullopt;
+  if (folder_.empty() || !isFileName(name)) return std::nullopt;
   if (auto host = readHost(resolveIgnoringCase(folder_, {name}))) return host;
   const bool maybeAddress = name.find_first_not_of("0123456789.") == std::string::npos;
   return maybeAddress ? findByAddress(name) : std::nullopt;

@@ -14,7 +14,9 @@ std::filesystem::path registryFile(const std::filesystem::path& computerFolder) 
   return computerFolder / "registry.reg";
 }
 
-std::string fullKey(const std::string& key) { return "HKEY_LOCAL_MACHINE\\" + key; }
+std::string fullKey(const std::string& key) {
+  return "HKEY_LOCAL_MACHINE\\" + key;
+}
 
 /// Is the key above there? The hive itself always is.
 bool hasKeyAbove(const RegistryFile& file, const std::string& key) {
@@ -87,7 +89,8 @@ Win32Error LabRegistry::set(const std::string& key, const NamedValue& value) {
 }
 
 Win32Error LabRegistry::removeValue(const std::string& key, const std::string& name) {
-  return edit([&](RegistryFile& file) { return file.removeValue(fullKey(key), name) ? kDone : kFileMissing; });
+  return edit(
+      [&](RegistryFile& file) { return file.removeValue(fullKey(key), name) ? kDone : kFileMissing; });
 }
 
 Win32Error LabRegistry::removeKey(const std::string& key) {

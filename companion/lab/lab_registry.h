@@ -9,15 +9,16 @@
 
 namespace varnhold::companion {
 
-/// The registry of a lab computer: `registry.reg`, in the text form that the registry editor exports and imports. The
-/// file goes away with its last line.
+/// The registry of a lab computer: `registry.reg`, in the text form that the registry editor exports and
+/// imports. The file goes away with its last line.
 class LabRegistry : public RemoteRegistry {
  public:
   /// Both outlive the object.
   LabRegistry(const std::filesystem::path& computerFolder, const HostSettings& settings)
       : computerFolder_(computerFolder), settings_(settings) {}
 
-  /// kNetworkPathMissing when the computer does not answer, kRegistryDamaged when the file cannot be understood.
+  /// kNetworkPathMissing when the computer does not answer, kRegistryDamaged when the file cannot be
+  /// understood.
   [[nodiscard]] Win32Error open() override;
   [[nodiscard]] bool hasKey(const std::string& key) override;
   [[nodiscard]] std::vector<NamedValue> values(const std::string& key) override;

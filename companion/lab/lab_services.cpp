@@ -13,8 +13,9 @@ struct StartWord {
   ServiceStart start;
   const char* word;
 };
-constexpr StartWord kStartWords[] = {
-    {ServiceStart::Automatic, "automatic"}, {ServiceStart::Manual, "manual"}, {ServiceStart::Disabled, "disabled"}};
+constexpr StartWord kStartWords[] = {{ServiceStart::Automatic, "automatic"},
+                                     {ServiceStart::Manual, "manual"},
+                                     {ServiceStart::Disabled, "disabled"}};
 
 std::filesystem::path servicesFile(const std::filesystem::path& computerFolder) {
   return computerFolder / "services.ini";

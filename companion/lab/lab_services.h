@@ -10,16 +10,16 @@
 namespace varnhold::companion {
 
 /// The services of a lab computer: `services.ini`, one section per service with the keys path, account, state
-/// (stopped, running), start (automatic, manual, disabled), description and security (configured). The file goes
-/// away with its last line.
+/// (stopped, running), start (automatic, manual, disabled), description and security (configured). The file
+/// goes away with its last line.
 class LabServices : public RemoteServices {
  public:
   /// Both outlive the object.
   LabServices(const std::filesystem::path& computerFolder, const HostSettings& settings)
       : computerFolder_(computerFolder), settings_(settings) {}
 
-  /// kServerUnavailable when the computer does not answer, kServiceDatabaseMissing when the file is there but is no
-  /// text of reasonable size.
+  /// kServerUnavailable when the computer does not answer, kServiceDatabaseMissing when the file is there but
+  /// is no text of reasonable size.
   [[nodiscard]] Win32Error open() override;
   [[nodiscard]] Win32Error query(const std::string& name, ServiceEntry& entry) override;
   [[nodiscard]] Win32Error create(const ServiceEntry& entry) override;

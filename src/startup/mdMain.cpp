@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "core/mdCommon.h"
 #include "startup/command_line_installer.h"
+#include "store/data_source.h"
 
 namespace varnhold::startup {
 namespace {
@@ -39,7 +40,7 @@ void readLocalName(core::Program& program) {
 }
 
 void runCommandLineMode(core::Program& program) {
-  program.gConn.Open(kDataSource, "", "", -1);
+  program.gConn.Open(std::string(store::kDataSourceName), "", "", -1);
   readInstallPath(program);
   readLocalName(program);
   RunCommandLine(program);

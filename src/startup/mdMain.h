@@ -8,8 +8,6 @@
 /// The one entry point of the program and the choice of its run mode.
 namespace varnhold::startup {
 
-inline constexpr const char* kDataSource = "qrvdb";  ///< the inventory's ODBC data source
-
 /// The console branch of a build: runs until the operator leaves and gives the exit status.
 using ConsoleMode = std::function<int(core::Program&)>;
 

@@ -62,9 +62,15 @@ std::string_view adviceFor(const DiagnosticText& record) {
   return {};
 }
 
+/// A driver's words in one line: descriptions end up in logs that have a line per entry.
+std::string inOneLine(std::string words) {
+  std::replace_if(words.begin(), words.end(), [](char letter) { return letter == '\n' || letter == '\r'; }, ' ');
+  return words;
+}
+
 std::string describe(const std::string& what, const Diagnostics& records) {
   std::string text = what + ":";
-  for (const DiagnosticText& record : records) text += " " + record.words + " (SQLSTATE " + record.state + ")";
+  for (const DiagnosticText& record : records) text += " " + inOneLine(record.words) + " (SQLSTATE " + record.state + ")";
   if (records.empty()) return text + " the driver gives no reason.";
   const std::string_view advice = adviceFor(records.front());
   return advice.empty() ? text : text + " " + std::string(advice);

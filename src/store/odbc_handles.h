@@ -13,24 +13,24 @@ class Handle {
   Handle() = default;
   /// Makes a handle below `parent`. An empty one when ODBC refuses: test with `operator bool`.
   explicit Handle(SQLHANDLE parent) {
-    if (!SQL_SUCCEEDED(SQLAllocHandle(kType, parent, &handle_))) handle_ = SQL_NULL_HANDLE;
+    if (!SQL_SUCCEEDED(SQLAllocHandle(kType, parent, &handle_))) handle_ = nullptr;
   }
   ~Handle() { release(); }
-  Handle(Handle&& other) noexcept : handle_(std::exchange(other.handle_, SQL_NULL_HANDLE)) {}
+  Handle(Handle&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
   Handle& operator=(Handle&& other) noexcept {
     std::swap(handle_, other.handle_);
     return *this;
   }
 
-  explicit operator bool() const { return handle_ != SQL_NULL_HANDLE; }
+  explicit operator bool() const { return handle_ != nullptr; }
   [[nodiscard]] SQLHANDLE get() const { return handle_; }
 
  private:
   void release() {
-    if (handle_ != SQL_NULL_HANDLE) SQLFreeHandle(kType, handle_);
+    if (handle_ != nullptr) SQLFreeHandle(kType, handle_);
   }
 
-  SQLHANDLE handle_ = SQL_NULL_HANDLE;
+  SQLHANDLE handle_ = nullptr;
 };
 
 using EnvironmentHandle = Handle<SQL_HANDLE_ENV>;

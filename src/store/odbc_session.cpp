@@ -83,7 +83,7 @@ class OdbcSession final : public Connection::Session {
 };
 
 void OdbcSession::open(const std::string& dataSource, const std::string& user, const std::string& password) {
-  environment_ = EnvironmentHandle(SQL_NULL_HANDLE);
+  environment_ = EnvironmentHandle(nullptr);
   if (!environment_) throw noMemory();
   SQLSetEnvAttr(environment_.get(), SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
   connection_.handle = ConnectionHandle(environment_.get());

@@ -237,7 +237,7 @@ std::vector<Case> cases() {
       {"TheManagersOwnComputerIsSkippedAndTheListGoesOn",
        {{"HOST1", kHost1}},
        {kKnows1},
-       computerName() + "\r\nhost1\r\n",
+       computerName() + "\r\nHOST1\r\n",
        {"-I", "-F:list.txt"},
        {"<time> :: Skipped: " + local +
             " - Manager (local computer). Varnhold Agent cannot be installed on local system. Because "
@@ -248,6 +248,18 @@ std::vector<Case> cases() {
         install("HOST1", kPath, "thread")},
        {kRow1},
        {"HOST1|1|" + kPath + "|0|0"}},
+
+      {"ANameInAListKeepsItsCaseAndIsAnotherNameToTheInventory",
+       {{"HOST1", kHost1}},
+       {kKnows1},
+       "Host1",
+       {"-I", "-F:list.txt"},
+       {"<time> :: Host1: Installed successfully"},
+       {resolves("Host1", "Host1 10.1.1.11"), "qrvFindSystemAndReturnDetails(Host1, 1) = found",
+        "qrvUpdateSystemDetailsInDB(Host1, 7) = done", resolves("Host1", "Host1 10.1.1.11"), kIni + "done",
+        setup("Host1", kPath, "1"), install("Host1", kPath, "thread")},
+       {kRow1, "Host1|7|10.1.1.11"},
+       {"Host1|1|" + kPath + "|0|0"}},
 
       {"TheManagersOwnComputerIsNotUninstalled",
        {},
@@ -375,7 +387,7 @@ TEST_P(CommandLine, LogsCallsAndRecordsAsDocumented) {
 }
 
 INSTANTIATE_TEST_SUITE_P(OnThisHost, CommandLine, testing::ValuesIn(cases()),
-                         [](const auto& info) { return info.param.name; });
+                         [](const auto& test) { return test.param.name; });
 
 }  // namespace
 }  // namespace varnhold::cli

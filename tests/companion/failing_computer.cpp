@@ -30,7 +30,9 @@ class FailingServices : public RemoteServices {
   FailingServices(RemoteServices& services, FailurePoint& point) : services_(services), point_(point) {}
 
   Win32Error open() override { return services_.open(); }
-  Win32Error query(const std::string& name, ServiceEntry& entry) override { return services_.query(name, entry); }
+  Win32Error query(const std::string& name, ServiceEntry& entry) override {
+    return services_.query(name, entry);
+  }
   Win32Error create(const ServiceEntry& entry) override { return CHANGE(services_.create(entry)); }
   Win32Error change(const ServiceEntry& entry, const std::string& password) override {
     return CHANGE(services_.change(entry, password));

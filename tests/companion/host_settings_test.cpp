@@ -76,7 +76,8 @@ TEST(HostSettings, OfAnEmptyFileAreAComputerThatAnswersButDoesNotResolve) {
 TEST(HostSettings, SayWhichValueCannotBeUsed) {
   const HostSettings settings = readHostSettings(
       "[host]\naddress=10.1.1\ntype=seven\nprogram_files=Programs\nanswers=perhaps\ndrives=C:\n"
-      "[delay_ms]\ninstall=-1\n[result]\ninstall=99999999999\n[refuse]\ncopy=5x\n[no_thread]\ninstall=maybe\n",
+      "[delay_ms]\ninstall=-1\n[result]\ninstall=99999999999\n[refuse]\ncopy=5x\n[no_thread]\ninstall="
+      "maybe\n",
       "WKS01");
   EXPECT_THAT(settings.problems,
               ElementsAre("[host] address: is no dotted address, so the name does not resolve",
@@ -110,7 +111,8 @@ TEST(HostSettings, TakeAnyBytes) {
 
 TEST(HostSettings, RefuseAnAddressThatIsNone) {
   for (const std::string address : {"256.1.1.1", "1.1.1.1.1", "1..1.1", "a.b.c.d", "0001.1.1.1", "-1.1.1.1"})
-    EXPECT_THAT(readHostSettings("[host]\naddress=" + address + "\n", "X").problems, Contains(testing::_)) << address;
+    EXPECT_THAT(readHostSettings("[host]\naddress=" + address + "\n", "X").problems, Contains(testing::_))
+        << address;
 }
 
 }  // namespace

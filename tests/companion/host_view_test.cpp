@@ -10,7 +10,8 @@ namespace {
 class HostView : public testing::Test {
  protected:
   HostView() {
-    host_ = lab_.addHost("WKS01", "[host]\nsecurity_log = no\n[account]\nuser = CORP\\admin\npassword = secret\n");
+    host_ = lab_.addHost("WKS01",
+                         "[host]\nsecurity_log = no\n[account]\nuser = CORP\\admin\npassword = secret\n");
     writeText(host_ / "services.ini", "[Varnhold Agent]\nstate=running\n");
     lab_.addHost("DEAD", "[host]\nanswers = no\n");
     lab_.addHost("SHUT", "[refuse]\nservice_manager = yes\nshare = yes\n");

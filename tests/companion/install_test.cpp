@@ -80,14 +80,15 @@ TEST_F(Install, FindsFoldersOfOtherLettersInsteadOfMakingTwins) {
   const auto host = lab_.addHost("WKS01");
   std::filesystem::create_directories(host / "c" / "PROGRAM FILES");
   ASSERT_EQ(lab_.install(jobFor("WKS01")), 150);
-  EXPECT_EQ(readText(host / "c" / "PROGRAM FILES" / "Kelmont Works" / "Varnhold" / "vhagent.exe"), "agent program");
+  EXPECT_EQ(readText(host / "c" / "PROGRAM FILES" / "Kelmont Works" / "Varnhold" / "vhagent.exe"),
+            "agent program");
 }
 
 TEST_F(Install, RefusesAFolderThatIsNone) {
   const auto host = lab_.addHost("WKS01");
   const auto before = snapshot(host);
-  for (const std::string folder : {"", "APPS", R"(C:\..\..\etc)", R"(C:\a\.\b)", R"(\\OTHER\C$\x)", R"(Z:\APPS)",
-                                   R"(C:\a:b)", "C:\\a\nb", R"(C:\a*)"}) {
+  for (const std::string folder : {"", "APPS", R"(C:\..\..\etc)", R"(C:\a\.\b)", R"(\\OTHER\C$\x)",
+                                   R"(Z:\APPS)", R"(C:\a:b)", "C:\\a\nb", R"(C:\a*)"}) {
     JobRecord record = jobFor("WKS01");
     record.installDirectory = folder;
     EXPECT_EQ(lab_.install(record), 155) << folder;
@@ -128,7 +129,8 @@ TEST_F(Install, RunsTheServiceUnderTheGivenAccount) {
   record.servicePassword = "hidden word";
   ASSERT_EQ(lab_.install(record), 150);
   EXPECT_EQ(serviceOn(lab_, "WKS01").account, R"(CORP\agent)");
-  for (const auto& [name, content] : snapshot(host)) EXPECT_THAT(content, Not(HasSubstr("hidden word"))) << name;
+  for (const auto& [name, content] : snapshot(host))
+    EXPECT_THAT(content, Not(HasSubstr("hidden word"))) << name;
 }
 
 TEST_F(Install, OfAnAgentlessComputerOnlyReachesIt) {
@@ -265,17 +267,17 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Refusal{"connect=yes", 154}, Refusal{"connect=121", 153}, Refusal{"connect=1460", 153},
                     Refusal{"connect=55", 160}, Refusal{"connect=67", 160}, Refusal{"share=yes", 154},
                     Refusal{"version=1638", 253}, Refusal{"version=1150", 258}, Refusal{"directory=yes", 155},
-                    Refusal{"copy=yes", 351}, Refusal{"config_file=yes", 376}, Refusal{"remote_registry=yes", 159},
-                    Refusal{"registry=yes", 158}, Refusal{"service_manager=yes", 170},
-                    Refusal{"service_manager=1065", 171}, Refusal{"service_manager=87", 172},
-                    Refusal{"service=yes", 180}, Refusal{"service=1059", 181}, Refusal{"service=87", 182},
-                    Refusal{"service=1078", 183}, Refusal{"service=6", 184}, Refusal{"service=123", 185},
-                    Refusal{"service=1057", 186}, Refusal{"service=1073", 187}, Refusal{"service=1072", 229},
-                    Refusal{"account=yes", 377}, Refusal{"start=3", 222}, Refusal{"start=2", 222},
-                    Refusal{"start=1055", 224}, Refusal{"start=1075", 225}, Refusal{"start=1068", 226},
-                    Refusal{"start=1058", 227}, Refusal{"start=1069", 228}, Refusal{"start=1072", 229},
-                    Refusal{"start=1054", 230}, Refusal{"start=1053", 231}, Refusal{"start=1063", 163},
-                    Refusal{"start=1722", 163}));
+                    Refusal{"copy=yes", 351}, Refusal{"config_file=yes", 376},
+                    Refusal{"remote_registry=yes", 159}, Refusal{"registry=yes", 158},
+                    Refusal{"service_manager=yes", 170}, Refusal{"service_manager=1065", 171},
+                    Refusal{"service_manager=87", 172}, Refusal{"service=yes", 180},
+                    Refusal{"service=1059", 181}, Refusal{"service=87", 182}, Refusal{"service=1078", 183},
+                    Refusal{"service=6", 184}, Refusal{"service=123", 185}, Refusal{"service=1057", 186},
+                    Refusal{"service=1073", 187}, Refusal{"service=1072", 229}, Refusal{"account=yes", 377},
+                    Refusal{"start=3", 222}, Refusal{"start=2", 222}, Refusal{"start=1055", 224},
+                    Refusal{"start=1075", 225}, Refusal{"start=1068", 226}, Refusal{"start=1058", 227},
+                    Refusal{"start=1069", 228}, Refusal{"start=1072", 229}, Refusal{"start=1054", 230},
+                    Refusal{"start=1053", 231}, Refusal{"start=1063", 163}, Refusal{"start=1722", 163}));
 
 TEST_F(Install, WarnsWith232WhenTheServiceIsRefusedItsStart) {
   lab_.addHost("WKS01", "[refuse]\nstart = yes\n");
@@ -308,8 +310,8 @@ TEST_F(Install, HasItsStepsInTheirOrder) {
   std::vector<std::string> names;
   for (const Step& step : installSteps()) names.emplace_back(step.name);
   EXPECT_THAT(names, testing::ElementsAre("connect", "version", "stop", "directory", "copy", "config_file",
-                                          "remote_registry", "registry", "service_manager", "service", "account",
-                                          "start", "security", "earlier_folder"));
+                                          "remote_registry", "registry", "service_manager", "service",
+                                          "account", "start", "security", "earlier_folder"));
 }
 
 }  // namespace

@@ -31,7 +31,8 @@ std::string registryText(const std::string& bytes) {
   std::map<std::string, std::string> entries;
   const std::function<void(const std::string&)> add = [&](const std::string& key) {
     entries[key] = "";
-    for (const std::string& name : file->valueNames(key)) entries[key + " : " + name] = file->find(key, name)->bytes;
+    for (const std::string& name : file->valueNames(key))
+      entries[key + " : " + name] = file->find(key, name)->bytes;
     for (const std::string& name : file->subkeys(key)) add(key + "\\" + name);
   };
   add("HKEY_LOCAL_MACHINE");

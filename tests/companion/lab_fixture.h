@@ -28,8 +28,9 @@ class TemporaryFolder {
 void writeText(const std::filesystem::path& file, std::string_view bytes);
 [[nodiscard]] std::string readText(const std::filesystem::path& file);
 
-/// All that lies below a folder, for comparing before and after: files with their bytes, folders with "/" behind their
-/// name; services and registries by what they say, not by the order of their lines. Lock files don't count.
+/// All that lies below a folder, for comparing before and after: files with their bytes, folders with "/"
+/// behind their name; services and registries by what they say, not by the order of their lines. Lock files
+/// don't count.
 [[nodiscard]] std::map<std::string, std::string> snapshot(const std::filesystem::path& folder);
 
 /// An installation of the manager with a lab beside it.
@@ -38,12 +39,17 @@ class LabFixture {
   LabFixture();
 
   /// Makes the computer's folder with this host.ini.
-  std::filesystem::path addHost(const std::string& name, std::string_view hostIni = "[host]\naddress = 10.1.1.11\n");
+  std::filesystem::path addHost(const std::string& name,
+                                std::string_view hostIni = "[host]\naddress = 10.1.1.11\n");
 
   [[nodiscard]] std::filesystem::path installPath() const { return folder_.path(); }
   [[nodiscard]] std::filesystem::path labFolder() const { return folder_.path() / "lab"; }
-  [[nodiscard]] std::filesystem::path libraryFolder() const { return folder_.path() / "RemoteInstaller" / "remins"; }
-  [[nodiscard]] std::filesystem::path agentFolder() const { return folder_.path() / "RemoteInstaller" / "Agent"; }
+  [[nodiscard]] std::filesystem::path libraryFolder() const {
+    return folder_.path() / "RemoteInstaller" / "remins";
+  }
+  [[nodiscard]] std::filesystem::path agentFolder() const {
+    return folder_.path() / "RemoteInstaller" / "Agent";
+  }
   [[nodiscard]] LabNetwork network() const { return LabNetwork(labFolder()); }
   [[nodiscard]] AgentMaterial material(const std::string& version = "7.0") const;
 

@@ -42,7 +42,12 @@ TEST_F(Lab, DoesNotTakeAFolderWithoutHostIniForAComputer) {
 
 TEST_F(Lab, ThatIsNotThereHasNoComputers) {
   EXPECT_EQ(LabNetwork(lab_.installPath() / "no lab").find("WKS01"), nullptr);
+  lab_.addHost("WKS01");
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(lab_.labFolder());
+  EXPECT_EQ(LabNetwork({}).find("WKS01"), nullptr);
   EXPECT_EQ(LabNetwork({}).find("10.1.1.11"), nullptr);
+  std::filesystem::current_path(before);
 }
 
 TEST_F(Lab, SaysInAFileWhatOfAHostIniCannotBeUsed) {
@@ -64,7 +69,8 @@ TEST_F(Lab, TakesAHugeHostIniForAComputerThatDoesNotAnswer) {
 
 TEST_F(Lab, KeepsTheLinesOfAServicesFileThatItDoesNotKnow) {
   const auto host = lab_.addHost("WKS01");
-  const std::string text = "garbage\n; note\n[Spooler]\nPATH = C:\\spool.exe\nstate = Running ; now\ncolour = red\n[half\n";
+  const std::string text =
+      "garbage\n; note\n[Spooler]\nPATH = C:\\spool.exe\nstate = Running ; now\ncolour = red\n[half\n";
   writeText(host / "services.ini", text);
   const auto computer = lab_.network().find("WKS01");
   ServiceEntry entry;

@@ -18,17 +18,21 @@ class AgentConfiguration : public testing::Test {
 };
 
 TEST_F(AgentConfiguration, IsStandardForTheModes0And1AndHighPerformanceFor5) {
-  for (const auto& [mode, value] : {std::pair(5, "1"), std::pair(0, "0"), std::pair(5, "1"), std::pair(1, "0")}) {
+  for (const auto& [mode, value] :
+       {std::pair(5, "1"), std::pair(0, "0"), std::pair(5, "1"), std::pair(1, "0")}) {
     EXPECT_TRUE(edit(mode));
     EXPECT_EQ(readText(ini_), std::string("[Performance]\r\nHighPerformance=") + value + "\r\n");
   }
 }
 
 TEST_F(AgentConfiguration, KeepsAllOtherLinesAndTheirLineEnds) {
-  writeText(ini_, "; agent\r\n[Log]\nLevel = 3 ; high\r\n\r\n[performance]\r\nHIGHPERFORMANCE = 0 ; standard\n[Last]\nx=y");
+  writeText(ini_,
+            "; agent\r\n[Log]\nLevel = 3 ; high\r\n\r\n[performance]\r\nHIGHPERFORMANCE = 0 ; "
+            "standard\n[Last]\nx=y");
   EXPECT_TRUE(edit(5));
   EXPECT_EQ(readText(ini_),
-            "; agent\r\n[Log]\nLevel = 3 ; high\r\n\r\n[performance]\r\nHIGHPERFORMANCE = 1 ; standard\n[Last]\nx=y");
+            "; agent\r\n[Log]\nLevel = 3 ; high\r\n\r\n[performance]\r\nHIGHPERFORMANCE = 1 ; "
+            "standard\n[Last]\nx=y");
 }
 
 TEST_F(AgentConfiguration, GetsTheKeyWhereItIsMissing) {
@@ -66,8 +70,9 @@ TEST_F(AgentConfiguration, IsNotEditedWhenItIsNoText) {
 TEST(SetupInformation, IsWrittenIntoTheLibraryFolder) {
   const LabFixture lab;
   EXPECT_TRUE(writeSetupInformation(lab.libraryFolder(), {"WKS01", R"(%Program Files%\X)", "MANAGER", 5}));
-  EXPECT_EQ(readText(lab.libraryFolder() / "vhsetup.ins"),
-            "[Setup]\r\nSystem=WKS01\r\nInstallDirectory=%Program Files%\\X\r\nMode=5\r\nManager=MANAGER\r\n");
+  EXPECT_EQ(
+      readText(lab.libraryFolder() / "vhsetup.ins"),
+      "[Setup]\r\nSystem=WKS01\r\nInstallDirectory=%Program Files%\\X\r\nMode=5\r\nManager=MANAGER\r\n");
 }
 
 TEST(SetupInformation, IsNotWrittenWithoutTheFolder) {

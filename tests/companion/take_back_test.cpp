@@ -10,10 +10,12 @@
 namespace varnhold::companion::test {
 namespace {
 
-bool isInstalled(std::int32_t code) { return code == 150 || code == 167 || code == 232; }
+bool isInstalled(std::int32_t code) {
+  return code == 150 || code == 167 || code == 232;
+}
 
-/// Runs the job once for each change that it makes, with that change refused, from the same beginning every time. A job
-/// that fails must leave the computer as it was. Gives the codes that came up.
+/// Runs the job once for each change that it makes, with that change refused, from the same beginning every
+/// time. A job that fails must leave the computer as it was. Gives the codes that came up.
 std::vector<std::int32_t> refuseEachChange(JobKind kind, const JobRecord& record,
                                            const std::function<void(const LabFixture&)>& prepare) {
   std::vector<std::int32_t> codes;
@@ -24,12 +26,14 @@ std::vector<std::int32_t> refuseEachChange(JobKind kind, const JobRecord& record
     const auto before = snapshot(host);
     FailurePoint point{change, 0};
     const LabNetwork network = lab.network();
-    const std::int32_t code =
-        runJob(kind, FailingNetwork(network, point), {}, record, lab.material(), [](std::chrono::milliseconds) {});
+    const std::int32_t code = runJob(kind, FailingNetwork(network, point), {}, record, lab.material(),
+                                     [](std::chrono::milliseconds) {});
     if (point.changes < change) return codes;
     codes.push_back(code);
     const bool done = kind == JobKind::Install ? isInstalled(code) : code == 152;
-    if (!done) EXPECT_EQ(snapshot(host), before) << "change " << change << " gave " << code;
+    if (!done) {
+      EXPECT_EQ(snapshot(host), before) << "change " << change << " gave " << code;
+    }
   }
 }
 

@@ -30,9 +30,10 @@ TEST_F(Uninstall, TakesAwayAllThatTheInstallPutThere) {
 TEST_F(Uninstall, LeavesWhatIsNotTheAgents) {
   const auto host = lab_.addHost("WKS01");
   writeText(host / "services.ini", "; mine\n[Spooler]\npath=C:\\spool.exe\nstate=running\n");
-  writeText(host / "registry.reg",
-            "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Kelmont Works\\Other]\r\n"
-            "\"A\"=\"b\"\r\n");
+  writeText(
+      host / "registry.reg",
+      "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Kelmont Works\\Other]\r\n"
+      "\"A\"=\"b\"\r\n");
   ASSERT_EQ(lab_.install(jobFor("WKS01")), 150);
   writeText(agentFolderOn(host) / "own.log", "of somebody");
   ASSERT_EQ(lab_.uninstall(jobFor("WKS01")), 152);
@@ -103,7 +104,8 @@ TEST_F(Uninstall, DoesNotFollowAListOutOfTheAgentsFolder) {
   writeText(host / "C" / "keep.txt", "keep");
   std::filesystem::create_directories(host / "C" / "keep");
   writeText(agentFolderOn(host) / "vhfiles.lst",
-            "file ..\\..\\..\\keep.txt\r\nfile \r\nfolder C:\\keep\r\nfolder nonsense\r\nnonsense\r\nfile vhagent.exe\r\n");
+            "file ..\\..\\..\\keep.txt\r\nfile \r\nfolder C:\\keep\r\nfolder nonsense\r\nnonsense\r\nfile "
+            "vhagent.exe\r\n");
   EXPECT_EQ(lab_.uninstall(jobFor("WKS01")), 152);
   EXPECT_EQ(readText(host / "C" / "keep.txt"), "keep");
   EXPECT_TRUE(std::filesystem::exists(host / "C" / "keep"));
@@ -144,8 +146,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(Uninstall, HasItsStepsInTheirOrder) {
   std::vector<std::string> names;
   for (const Step& step : uninstallSteps()) names.emplace_back(step.name);
-  EXPECT_THAT(names, testing::ElementsAre("connect", "remote_registry", "service_manager", "find", "stop", "delete",
-                                          "remove_files", "remove_registry"));
+  EXPECT_THAT(names, testing::ElementsAre("connect", "remote_registry", "service_manager", "find", "stop",
+                                          "delete", "remove_files", "remove_registry"));
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "base/runtime_error.h"
 #include "tests/fakes/fake_host.h"
 #include "tests/fakes/test_inventory.h"
@@ -23,13 +25,20 @@ class EnsureSystemRegisteredTest : public ::testing::Test {
     fake.journal.clear();
   }
 
+  void addComputer(const std::string& name) {
+    platform::SystemDetails details;
+    details.SystemName = name;
+    details.SystemType = 7;
+    inventory.store(details);
+  }
+
   fakes::TestInventory inventory;
   fakes::FakeHost fake;
   core::Program program{fake.host(), core::kManagerTitle, fake.statementListener()};
 };
 
 TEST_F(EnsureSystemRegisteredTest, AsksNobodyAboutAKnownSystem) {
-  inventory.store({.SystemName = "HOST1", .SystemType = 7});
+  addComputer("HOST1");
   EXPECT_EQ(EnsureSystemRegistered(program, "HOST1"), 1);
   EXPECT_THAT(fake.journal, ElementsAre(HasSubstr("System_Name = 'HOST1'")));
 }
@@ -63,7 +72,7 @@ TEST_F(EnsureSystemRegisteredTest, GivesUpASystemThatWasStoredButIsNotThere) {
 }
 
 TEST_F(EnsureSystemRegisteredTest, ComparesNamesAsExactStrings) {
-  inventory.store({.SystemName = "host1", .SystemType = 7});
+  addComputer("host1");
   EXPECT_EQ(EnsureSystemRegistered(program, "HOST1"), 1);
   EXPECT_THAT(inventory.computers(), ElementsAre("HOST1|7", "host1|7"));
 }

@@ -37,8 +37,10 @@ fs::path placeOfInventories() {
 TestInventory::TestInventory() : folder_(placeOfInventories() / "inventory") {
   fs::remove_all(folder_);
   fs::create_directories(folder_);
+  const auto file = folder_ / "qrvdbv3.mdb";
   std::ofstream(folder_.parent_path() / "odbc.ini", std::ios::binary)
-      << varnhold::store::renderSqliteDataSource("qrvdb", forDriverManager(folder_ / "qrvdbv3.mdb"));
+      << varnhold::store::renderDataSource(forDriverManager(file));
+  std::ofstream{file};  // the driver makes none
   connection_.Open("qrvdb", "", "");
   varnhold::store::createTables(connection_);
 }

@@ -27,6 +27,7 @@ const std::vector<Room>& rooms() {
       {"src/platform/windows", {"base/", "platform/", "companion/include/"}},
       {"src/platform", {"base/"}},
       {"src/store", {"base/"}},
+      {"src/ui/controls", {"base/", "platform/"}},
       {"src/core", {"base/", "platform/", "store/"}},
       {"src/deployment", {"base/", "platform/", "store/", "core/"}},
       {"src/startup", {"base/", "platform/", "store/", "core/", "deployment/"}},
@@ -45,14 +46,14 @@ struct ForeignHeader {
 
 const std::vector<ForeignHeader>& foreignHeaders() {
   static const std::vector<ForeignHeader> all = {
-      {"windows.h", {"src/platform/windows/", "companion/src/windows/", "tools/provision/windows/"}},
+      {"windows.h", {"src/platform/windows/", "companion/windows/", "tools/provision/windows/"}},
       {"sql", {"src/store/odbc"}},
       {"odbc", {"src/store/odbc", "tools/provision/windows/"}},
-      {"unistd.h", {"src/platform/posix/", "companion/src/posix/", "tools/provision/posix/"}},
-      {"fcntl.h", {"src/platform/posix/", "companion/src/posix/", "tools/provision/posix/"}},
-      {"dlfcn.h", {"src/platform/posix/", "companion/src/posix/"}},
-      {"pthread.h", {"src/platform/posix/", "companion/src/posix/"}},
-      {"sys/", {"src/platform/posix/", "companion/src/posix/", "tools/provision/posix/"}},
+      {"unistd.h", {"src/platform/posix/", "companion/posix/", "tools/provision/posix/"}},
+      {"fcntl.h", {"src/platform/posix/", "companion/posix/", "tools/provision/posix/"}},
+      {"dlfcn.h", {"src/platform/posix/", "companion/posix/"}},
+      {"pthread.h", {"src/platform/posix/", "companion/posix/"}},
+      {"sys/", {"src/platform/posix/", "companion/posix/", "tools/provision/posix/"}},
       {"wx/", {"src/ui/wx/"}},
   };
   return all;

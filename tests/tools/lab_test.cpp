@@ -92,7 +92,7 @@ TEST(Lab, HostIniSaysWhatTheRoleIs) {
     const std::string folder = "program_files = C:\\Program Files\n";
     return text.substr(text.find(folder) + folder.size());
   };
-  EXPECT_EQ(hostIni(first(computers, LabRole::DoesNotResolve)).find("address"), std::string::npos);
+  EXPECT_EQ(hostIni(first(computers, LabRole::DoesNotResolve)).find("\naddress"), std::string::npos);
   EXPECT_EQ(roleText(LabRole::DoesNotAnswer), "answers = no\n");
   EXPECT_EQ(roleText(LabRole::RefusesService), "\n[refuse]\nservice = yes\n");
   EXPECT_EQ(roleText(LabRole::Warns), "\n[result]\ninstall = 232\n");

@@ -13,6 +13,7 @@ namespace fs = std::filesystem;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 using ProvisionRefusal = ProvisionTest;
 

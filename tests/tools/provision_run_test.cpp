@@ -13,6 +13,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsSupersetOf;
+using testing::Not;
 using testing::StartsWith;
 using ProvisionRun = ProvisionTest;
 
@@ -45,7 +46,7 @@ TEST_F(ProvisionRun, WritesTheRegistryValueByValue) {
   EXPECT_EQ(registryValue(home, core::kAgentKey, "InstallPath"), "text:" + home.string() + "\\Agent");
   EXPECT_EQ(registryValue(home, core::kAgentKey, "gPollingFreq"), "text:1:0");
   EXPECT_EQ(registryValue(home, core::kAgentKey, "gPollStartTime"), "text:0:0");
-  EXPECT_THAT(registryValue(home, core::kDataSourcesKey, "qrvdb"), HasSubstr("sqlite3"));
+  EXPECT_EQ(registryValue(home, core::kDataSourcesKey, "qrvdb"), "text:SQLite3");
   EXPECT_EQ(registryValue(home, core::kManagerKey, "SWINSTALLPATH"), "missing");
   EXPECT_EQ(registryValue(home, core::kWindowsChangesKey, "LocalRootDir"), "missing");
 }

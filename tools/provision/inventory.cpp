@@ -87,8 +87,8 @@ void openInventory(store::Connection& connection, const DataSource& source) {
     connection.Open(kDataSource, "", "");
   } catch (const RuntimeError& error) {
     throw RuntimeError(error.number(),
-                       "Cannot open the data source '" + std::string(kDataSource) + "' of " + source.place() +
-                           ": " + error.description() +
+                       "Cannot open the data source '" + kDataSource + "' of " + source.place() + ": " +
+                           error.description() +
                            " Correct that entry, or install the driver that it names, and run "
                            "varnhold-provision again.");
   }
@@ -112,18 +112,19 @@ void readyTables(store::Connection& connection, const DataSource& source) {
     store::createTables(connection);
     transaction.commit();
   } else if (missing > 0) {
-    throw RuntimeError(kDatabaseFailed, "The database of the data source '" + std::string(kDataSource) + "' (" +
-                                            source.place() +
-                                            ") has some of the inventory's tables, but not all. Name another database "
-                                            "there, or remove these tables first.");
+    throw RuntimeError(kDatabaseFailed,
+                       "The database of the data source '" + kDataSource + "' (" + source.place() +
+                           ") has some of the inventory's tables, but not all. Name another database "
+                           "there, or remove these tables first.");
   }
 }
 
-std::string registeredDriver(const store::Connection& connection, DataSource& source) {
+std::string registeredDriver(store::Connection& connection, DataSource& source) {
   constexpr std::string_view kSqlServer = "SQL Server";
   auto name = source.driverName();
   const bool isNamed = name.find(kSqlServer) != std::string::npos;
-  if (connection.engine() == store::Engine::SqlServer && !isNamed) name += " (" + std::string(kSqlServer) + ")";
+  if (connection.engine() == store::Engine::SqlServer && !isNamed)
+    name += " (" + std::string(kSqlServer) + ")";
   return name;
 }
 

@@ -36,12 +36,11 @@ void refuseOtherInstallation(platform::Registry& registry, const std::filesystem
                          "Varnhold\\Manager). Nothing was changed. Remove that installation first.");
 }
 
-/// Raises the reason why no home may be made here, if there is one. Changes nothing.
-void refuse(const std::filesystem::path& home, platform::Registry& registry) {
+/// Raises what is in the way in the home itself, if there is something. Changes nothing.
+void refuseHome(const std::filesystem::path& home, platform::Registry& registry) {
   refuseWhatIsNoFolder(home);
   const bool unfinished = isThere(home / kWorkMarkFile) && !registryNames(registry, home);
   refuseData(home, unfinished);
-  refuseOtherInstallation(registry, home);
 }
 
 /// While it lives, what is made counts as unfinished, and is removed in the end unless it was finished.
@@ -84,8 +83,27 @@ void tell(const std::filesystem::path& home, const Options& options, const DataS
       << "\n";
 }
 
+/// The embedded engine does not make its file, so that a wrong path is no empty inventory. Where the data
+/// source leads elsewhere, the empty file is taken away again.
+class DatabaseFile {
+ public:
+  explicit DatabaseFile(const std::filesystem::path& home) : file_(home / kDatabaseFile) {
+    writeWhole(file_, "");
+  }
+  ~DatabaseFile() {
+    std::error_code reason;
+    if (std::filesystem::file_size(file_, reason) == 0) std::filesystem::remove(file_, reason);
+  }
+  DatabaseFile(const DatabaseFile&) = delete;
+  DatabaseFile& operator=(const DatabaseFile&) = delete;
+
+ private:
+  std::filesystem::path file_;
+};
+
 /// Everything but the last step. The connection is closed when it returns or raises.
 void make(const Options& options, const std::filesystem::path& home, const Host& host) {
+  const DatabaseFile file(home);
   if (!host.dataSource.exists()) host.dataSource.create(home);
   store::Connection connection;
   openInventory(connection, host.dataSource);
@@ -102,10 +120,11 @@ void make(const Options& options, const std::filesystem::path& home, const Host&
 
 void provision(const Options& options, const std::filesystem::path& home, const Host& host,
                std::ostream& out) {
-  refuse(home, host.registry);
+  refuseHome(home, host.registry);
   {
     Work work(home);
-    refuse(home, host.registry);
+    refuseHome(home, host.registry);  // another run may have made it meanwhile
+    refuseOtherInstallation(host.registry, home);
     if (registryNames(host.registry, home)) writeInstalledFolder(host.registry, "");
     work.begin();
     make(options, home, host);

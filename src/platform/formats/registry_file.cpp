@@ -87,7 +87,9 @@ bool RegistryFile::set(std::string_view key, std::string_view name, const Regist
   return true;
 }
 
-void RegistryFile::addLine(std::string text) { sections_.back().lines.push_back({std::move(text), {}, {}}); }
+void RegistryFile::addLine(std::string text) {
+  sections_.back().lines.push_back({std::move(text), {}, {}});
+}
 
 /// Comments and blank lines that follow each other share one entry: a file may be nothing but line ends.
 void RegistryFile::addOther(std::string_view text) {

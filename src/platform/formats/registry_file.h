@@ -53,7 +53,8 @@ class RegistryFile {
   [[nodiscard]] std::vector<std::string> valueNames(std::string_view key) const;
   /// Removes a value and the comment behind it; false when there is none.
   bool removeValue(std::string_view key, std::string_view name);
-  /// Removes a key with its values and the comments below its header; false when it is not there or has keys below it.
+  /// Removes a key with its values and the comments below its header; false when it is not there or has keys
+  /// below it.
   bool removeKey(std::string_view key);
 
  private:

@@ -12,8 +12,8 @@ void addOnce(std::vector<std::string>& names, std::string_view name) {
   if (std::none_of(names.begin(), names.end(), same)) names.emplace_back(name);
 }
 
-/// The name at that place between the backslashes of a key's path, from 0. A letter in upper case may have other bytes
-/// in number than its partner, so that sizes of upper-case text mean nothing here.
+/// The name at that place between the backslashes of a key's path, from 0. A letter in upper case may have
+/// other bytes in number than its partner, so that sizes of upper-case text mean nothing here.
 std::string nameAt(std::string_view path, std::ptrdiff_t place) {
   return split(path, '\\')[static_cast<std::size_t>(place)];
 }

@@ -83,16 +83,20 @@ bool replaceFile(const std::string& path, std::string_view bytes) {
   return false;
 }
 
+bool lockDescriptor(int descriptor, std::chrono::milliseconds patience) {
+  const auto deadline = std::chrono::steady_clock::now() + patience;
+  while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+    const bool isHeld = errno == EWOULDBLOCK || errno == EINTR;
+    if (!isHeld || std::chrono::steady_clock::now() >= deadline) return false;
+    std::this_thread::sleep_for(kLockRetry);
+  }
+  return true;
+}
+
 OwnedDescriptor lockFile(const std::string& path, std::chrono::milliseconds patience) {
   // Opened to read only: a lock needs no more, and the file may be another user's.
   OwnedDescriptor file(::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
-  if (!file) return file;
-  const auto deadline = std::chrono::steady_clock::now() + patience;
-  while (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
-    const bool isHeld = errno == EWOULDBLOCK || errno == EINTR;
-    if (!isHeld || std::chrono::steady_clock::now() >= deadline) return OwnedDescriptor{};
-    std::this_thread::sleep_for(kLockRetry);
-  }
+  if (file && !lockDescriptor(file.get(), patience)) file.reset();
   return file;
 }
 

@@ -22,8 +22,11 @@ namespace varnhold::platform::posix {
 /// then as it was.
 [[nodiscard]] bool replaceFile(const std::string& path, std::string_view bytes);
 
-/// Locks `path` (made where missing) against other holders, in this process and others, waiting at most
-/// `patience`. The lock ends with the descriptor, or with the process. No descriptor when it cannot be had.
+/// Locks the open file against other holders, in this process and others, waiting at most `patience`. The
+/// lock ends with the descriptor, or with the process. False when it cannot be had.
+[[nodiscard]] bool lockDescriptor(int descriptor, std::chrono::milliseconds patience);
+
+/// The same for `path`, made where missing. No descriptor when the lock cannot be had.
 [[nodiscard]] OwnedDescriptor lockFile(const std::string& path, std::chrono::milliseconds patience);
 
 }  // namespace varnhold::platform::posix

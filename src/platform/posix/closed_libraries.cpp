@@ -32,7 +32,7 @@ class CompanionClosedLibraries : public ClosedLibraries {
 
   ThreadHandle qrvCUpgradeAgentOverIP(const std::string& agentLibraryPath, DeploymentJob& job) override {
     const auto upgrade = companion_.function<UpgradeOverIp>("qrvCUpgradeAgentOverIP");
-    TextBuffer path(agentLibraryPath), name(job.SystemName), config(job.ConfigFile);
+    TextBuffer path(agentLibraryPath), name(job.SystemName, kQrvSystemNameSize), config(job.ConfigFile);
     const auto thread = handleOf(upgrade(path.data(), name.data(), job.AgentMode, job.OSFlag, config.data(),
                                          job.RemedialFlag, job.UseDefaultConfig));
     job.SystemName = name.uncut(job.SystemName.size());

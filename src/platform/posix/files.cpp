@@ -1,11 +1,11 @@
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 
 #include "platform/posix/adapters.h"
 #include "platform/posix/atomic_file.h"
@@ -24,6 +24,9 @@ constexpr std::array kOutcomes = {
     OutcomeOfError{EDQUOT, FileOutcome::Full},     OutcomeOfError{EFBIG, FileOutcome::Full},
 };
 
+/// How long a line of a log waits for other writers of it.
+constexpr std::chrono::seconds kAppendLockWait{10};
+
 FileOutcome outcomeOf(int error) {
   const auto* found = std::find_if(kOutcomes.begin(), kOutcomes.end(),
                                    [&](const OutcomeOfError& entry) { return entry.error == error; });
@@ -39,7 +42,8 @@ OwnedDescriptor open(const std::string& path, int flags, mode_t mode = 0666) {
 /// lock.
 FileOutcome appendLocked(int descriptor, std::string_view bytes) {
   struct stat before {};
-  if (::flock(descriptor, LOCK_EX) != 0 || ::fstat(descriptor, &before) != 0) return FileOutcome::Refused;
+  if (!lockDescriptor(descriptor, kAppendLockWait) || ::fstat(descriptor, &before) != 0)
+    return FileOutcome::Refused;
   if (writeAll(descriptor, bytes)) return FileOutcome::Done;
   const auto outcome = outcomeOf(errno);
   [[maybe_unused]] const int cut = ::ftruncate(descriptor, before.st_size);

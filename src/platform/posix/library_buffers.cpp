@@ -1,5 +1,7 @@
 #include "platform/posix/library_buffers.h"
 
+#include <string.h>
+
 #include <algorithm>
 #include <array>
 
@@ -39,6 +41,10 @@ TextBuffer fixedBuffer(const std::string& text, std::size_t size) {
 TextBuffer::TextBuffer(const std::string& text, std::size_t size)
     : bytes_(std::max(text.size() + 1, size), '\0') {
   std::copy(text.begin(), text.end(), bytes_.begin());
+}
+
+TextBuffer::~TextBuffer() {
+  ::explicit_bzero(bytes_.data(), bytes_.size());
 }
 
 std::string TextBuffer::text() const {

@@ -9,11 +9,15 @@
 
 namespace varnhold::platform::posix {
 
-/// A string as it crosses to the library: a buffer of its own that the library may write to.
+/// A string as it crosses to the library: a buffer of its own that the library may write to. Wiped when it
+/// goes, since it may hold a password.
 class TextBuffer {
  public:
   /// Room for `text`, its closing NUL and, where that is more, `size` bytes; the rest is NULs.
   explicit TextBuffer(const std::string& text, std::size_t size = 0);
+  ~TextBuffer();
+  TextBuffer(TextBuffer&&) = default;
+  TextBuffer& operator=(TextBuffer&&) = delete;
 
   [[nodiscard]] char* data() { return bytes_.data(); }
   /// The bytes as the library left them: all of the buffer, or the first `length`.

@@ -94,4 +94,9 @@ void ListBox::userSelection(const std::vector<int>& selected, int current) {
   });
 }
 
+void ListBox::restoreDesign() {
+  topIndex_ = 0;
+  ItemBox::restoreDesign();
+}
+
 }  // namespace varnhold::ui

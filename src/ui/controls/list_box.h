@@ -43,6 +43,8 @@ class ListBox : public ItemBox {
   /// Exactly these entries are now selected, and `current` has the focus rectangle. Raises Click.
   void userSelection(const std::vector<int>& selected, int current);
 
+  void restoreDesign() override;
+
  protected:
   void currentChanged() override;
   void entryRemoved(int index) override;

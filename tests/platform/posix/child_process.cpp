@@ -7,11 +7,13 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 
 namespace varnhold::platform::posix {
 
 pid_t startChild(const std::function<int()>& body) {
   constexpr unsigned kLongestRunSeconds = 120;
+  std::fflush(nullptr);  // or the child may write the parent's lines again
   const pid_t child = ::fork();
   if (child != 0) return child;
   ::alarm(kLongestRunSeconds);

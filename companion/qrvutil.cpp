@@ -23,14 +23,12 @@ constexpr std::uint8_t kAgentless = 1;
 std::optional<JobRecord> copyRecord(const QrvDeploymentJob& job) {
   const auto name = abi::text(job.SystemName, kLongestName);
   const auto directory = abi::text(job.InstallDirectory);
-  const auto snapshots = abi::text(job.KeepSnapshots);
   const auto user = abi::text(job.ServiceUser);
   const auto password = abi::text(job.ServicePassword);
   const auto configFile = abi::text(job.ConfigFile);
-  if (!name || !directory || !snapshots || !user || !password || !configFile) return std::nullopt;
+  if (!name || !directory || !user || !password || !configFile) return std::nullopt;
   return JobRecord{*name,
                    *directory,
-                   *snapshots,
                    *user,
                    *password,
                    *configFile,

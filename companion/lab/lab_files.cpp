@@ -12,7 +12,6 @@ Win32Error win32Error(const std::error_code& error) {
   if (!error) return kDone;
   if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)
     return kPathMissing;
-  if (error == std::errc::directory_not_empty) return kFolderNotEmpty;
   if (error == std::errc::file_exists) return kAlreadyExists;
   if (error == std::errc::no_space_on_device) return kDiskIsFull;
   return kAccessDenied;
@@ -99,6 +98,8 @@ Win32Error LabFiles::removeFolder(const std::string& path) {
   if (!place) return kBadPathName;
   std::error_code error;
   if (!std::filesystem::is_directory(*place, error)) return kPathMissing;
+  // Asked beforehand: the error that a full folder gives has no common name on all hosts.
+  if (!std::filesystem::is_empty(*place, error) && !error) return kFolderNotEmpty;
   std::filesystem::remove(*place, error);
   return win32Error(error);
 }

@@ -63,7 +63,7 @@ std::optional<LabNetwork::Host> LabNetwork::findByAddress(const std::string& add
 std::optional<LabNetwork::Host> LabNetwork::findHost(std::string_view nameOrAddress) const {
   const std::string name = plainComputerName(nameOrAddress);
   if (folder_.empty() || !isFileName(name)) return std::nullopt;
-  if (auto host = readHost(resolveIgnoringCase(folder_, {name}))) return host;
+  if (auto host = readHost(host::asSpelled(resolveIgnoringCase(folder_, {name})))) return host;
   const bool maybeAddress = name.find_first_not_of("0123456789.") == std::string::npos;
   return maybeAddress ? findByAddress(name) : std::nullopt;
 }

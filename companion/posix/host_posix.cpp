@@ -84,6 +84,10 @@ std::filesystem::path localPath(const std::string& path) {
   return resolveIgnoringCase(fromRoot ? "/" : ".", platform::pathComponents(path));
 }
 
+std::filesystem::path asSpelled(const std::filesystem::path& path) {
+  return path;
+}
+
 Win32Error replaceFile(const std::filesystem::path& file, std::string_view bytes) {
   std::filesystem::path fresh = file;
   fresh += kFreshEnding;

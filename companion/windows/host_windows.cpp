@@ -95,6 +95,14 @@ std::filesystem::path localPath(const std::string& path) {
   return pathFromUtf8(path);
 }
 
+std::filesystem::path asSpelled(const std::filesystem::path& path) {
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW(path.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return path;
+  FindClose(search);
+  return path.parent_path() / found.cFileName;
+}
+
 Win32Error replaceFile(const std::filesystem::path& file, std::string_view bytes) {
   std::filesystem::path fresh = file;
   fresh += kFreshEnding;

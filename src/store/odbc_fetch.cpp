@@ -11,9 +11,13 @@ namespace {
 
 constexpr std::size_t kBlockBytes = 256 * 1024;
 constexpr std::size_t kMostRowsPerBlock = 256;
-/// Units for text of a declared width, and for text of none. Wider cells are met by a second pass.
-constexpr std::size_t kWidestAtFirst = 1024;
+/// The letters that a column is first read with when it declares more, and when it declares none. Longer texts are
+/// met by a second pass. Wide enough for all of a MySQL TEXT: MariaDB's driver reads beyond its own memory when it
+/// has to cut a text.
+constexpr std::size_t kWidestAtFirst = 65535;
 constexpr std::size_t kUndeclaredWidth = 255;
+
+constexpr std::size_t kUnitsPerLetter = 2;  ///< one beyond the first plane is a surrogate pair
 
 /// A column as bound: an array of values, and one of indicators, with a place per row of a block.
 struct Bound {
@@ -55,7 +59,8 @@ bool describe(SQLHSTMT statement, std::size_t index, Column& column, std::size_t
   if (!SQL_SUCCEEDED(result)) return false;
   column.name = utf8Of(name.data(), std::min<std::size_t>(static_cast<std::size_t>(length), name.size() - 1));
   column.kind = kindOf(type, size, digits);
-  if (width == 0) width = 1 + (size == 0 ? kUndeclaredWidth : std::min<std::size_t>(size, kWidestAtFirst));
+  const std::size_t letters = size == 0 ? kUndeclaredWidth : std::min<std::size_t>(size, kWidestAtFirst);
+  if (width == 0) width = kUnitsPerLetter * letters + 1;
   return true;
 }
 

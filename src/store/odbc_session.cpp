@@ -69,7 +69,9 @@ class OdbcSession final : public Connection::Session {
   void run(const StatementHandle& handle, std::string_view text);
   [[nodiscard]] Rows rowsOf(const std::string& text);
   [[nodiscard]] std::string dbmsName();
+  /// Makes the new connection ready. `where` begins the description of what fails.
   void settle(const std::string& where);
+  void settleSqlite();
   [[nodiscard]] RuntimeError statementError(const StatementHandle& handle) const {
     return odbcError({SQL_HANDLE_STMT, handle.get(), "The statement failed", engine_, way_});
   }
@@ -100,20 +102,30 @@ void OdbcSession::open(const std::string& dataSource, const std::string& user, c
   settle(where);
 }
 
-/// SQLite's driver opens the file only when it is first asked for something, so it is asked here; what it is asked
-/// shows whether statements cross to it ungarbled.
 void OdbcSession::settle(const std::string& where) {
   try {
     for (const EngineSetting& setting : kSettings) {
       if (setting.engine == engine_) run(newStatement(), setting.statement);
     }
-    if (engine_ != Engine::Sqlite) return;
-    const Rows trial = rowsOf("SELECT '" + std::string(kTrialText) + "' FROM (SELECT COUNT(*) FROM sqlite_master)");
-    const bool whole = trial.size == 1 && trial.columns[0].at(0) == Value(std::string(kTrialText));
-    if (!whole) way_ = wayWhenWideIsGarbled();
+    if (engine_ == Engine::Sqlite) settleSqlite();
   } catch (const RuntimeError& error) {
     throw RuntimeError(kDatabaseFailed, where + ". " + error.description());
   }
+}
+
+/// SQLite's driver reads the file only when it is first asked for something, so it is asked here. What it is asked
+/// shows two things more: whether statements cross to it ungarbled, and whether there is a file at all. A driver
+/// manager that can't read the data source's settings leaves the driver without a path, and the driver then works on
+/// a database of its own that is gone with the connection.
+void OdbcSession::settleSqlite() {
+  const Rows trial = rowsOf("SELECT file, '" + std::string(kTrialText) +
+                            "' FROM pragma_database_list, (SELECT COUNT(*) FROM sqlite_master) WHERE name = 'main'");
+  if (trial.size != 1 || trial.columns[0].at(0) == Value("")) {
+    throw RuntimeError(kDatabaseFailed,
+                       "No database file is named in its settings, or they can't be read. Check the data source; on "
+                       "Linux its odbc.ini must be writable for this user, since the driver manager opens it so.");
+  }
+  if (trial.columns[1].at(0) != Value(std::string(kTrialText))) way_ = wayWhenWideIsGarbled();
 }
 
 std::string OdbcSession::dbmsName() {

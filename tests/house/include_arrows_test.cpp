@@ -22,7 +22,7 @@ struct Room {
 const std::vector<Room>& rooms() {
   static const std::vector<Room> all = {
       {"src/base", {}},
-      {"src/platform/formats", {"base/"}},
+      {"src/platform/formats", {"base/", "platform/"}},
       {"src/platform/posix", {"base/", "platform/", "companion/include/"}},
       {"src/platform/windows", {"base/", "platform/", "companion/include/"}},
       {"src/platform", {"base/"}},

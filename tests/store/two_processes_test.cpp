@@ -148,19 +148,37 @@ TEST_F(TwoProcesses, AKilledWriterLosesNoRowThatItWasToldIsWritten) {
   EXPECT_EQ(integrity(), "ok");
 }
 
-TEST_F(TwoProcesses, AReadOnlyDatabaseIsReadAndSaysWhyItIsNotWritten) {
-  // Rights do not bind root, so that the worker runs as somebody who owns nothing.
-  const std::vector<std::string> asNobody{"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", "--"};
-  namespace fs = std::filesystem;
+/// Rights do not bind root, so that a worker runs as somebody who owns nothing.
+std::vector<std::string> asSomebodyElse() {
+  if (geteuid() != 0) return {};
+  return {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", "--"};
+}
+
+namespace fs = std::filesystem;
+constexpr auto kReadable = fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
+
+TEST_F(TwoProcesses, AReadOnlyDatabaseIsToldAsSuch) {
   connection.Close();
-  fs::permissions(kFolder + "/qrvdbv3.mdb", fs::perms::owner_read | fs::perms::others_read);
-  Worker worker({"add", "X"}, geteuid() == 0 ? asNobody : std::vector<std::string>());
+  fs::permissions(kFolder + "/odbc.ini", fs::perms::others_write | fs::perms::others_read, fs::perm_options::add);
+  fs::permissions(kFolder + "/qrvdbv3.mdb", kReadable);
+  fs::permissions(kFolder, kReadable | fs::perms::owner_exec | fs::perms::others_exec);
+  Worker worker({"add", "X"}, asSomebodyElse());
   EXPECT_EQ(worker.wait(), 1);
-  fs::permissions(kFolder + "/qrvdbv3.mdb", fs::perms::owner_read | fs::perms::owner_write);
+  fs::permissions(kFolder, fs::perms::owner_all, fs::perm_options::add);
+  fs::permissions(kFolder + "/qrvdbv3.mdb", fs::perms::owner_write, fs::perm_options::add);
   EXPECT_EQ(worker.text().substr(0, 12), std::to_string(kDatabaseFailed) + " ");
   EXPECT_NE(worker.text().find("The database can only be read. Check the rights on its file and folder."),
             std::string::npos)
       << worker.text();
+}
+
+TEST_F(TwoProcesses, SettingsThatTheDriverManagerCannotReadAreNoEmptyInventory) {
+  fs::permissions(kFolder + "/odbc.ini", kReadable);
+  Worker worker({"add", "X"}, asSomebodyElse());
+  EXPECT_EQ(worker.wait(), 1);
+  fs::permissions(kFolder + "/odbc.ini", fs::perms::owner_write, fs::perm_options::add);
+  EXPECT_EQ(worker.text().substr(0, 12), std::to_string(kDatabaseFailed) + " ");
+  EXPECT_NE(worker.text().find("odbc.ini must be writable for this user"), std::string::npos) << worker.text();
 }
 
 }  // namespace

@@ -20,10 +20,11 @@ std::int32_t errorOf(const Value& value) {
 }
 
 TEST(Value, NullHasNoTextAndNoNumber) {
-  EXPECT_TRUE(Value().isNull());
-  EXPECT_EQ(errorOf(Value()), kInvalidUseOfNull);
-  EXPECT_THROW((void)Value().asText(), RuntimeError);
-  EXPECT_THROW((void)Value().asBoolean(), RuntimeError);
+  const Value null;
+  EXPECT_TRUE(null.isNull());
+  EXPECT_EQ(errorOf(null), kInvalidUseOfNull);
+  EXPECT_THROW((void)null.asText(), RuntimeError);
+  EXPECT_THROW((void)null.asBoolean(), RuntimeError);
 }
 
 TEST(Value, ReadsTextAsAWholeNumber) {

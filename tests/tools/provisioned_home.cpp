@@ -107,7 +107,7 @@ std::vector<std::string> rowsOf(store::Connection& connection, const std::string
     std::string text;
     for (const auto& column : columns) {
       const auto& value = rows.Fields(column).value();
-      text += (text.empty() ? "" : "|") + (value.isNull() ? std::string("-") : value.asText());
+      text += (&column == &columns.front() ? "" : "|") + (value.isNull() ? std::string("-") : value.asText());
     }
     texts.push_back(text);
   }

@@ -7,9 +7,9 @@ namespace varnhold::provision {
 
 inline constexpr const char* kWorkMarkFile = "provisioning.mark";
 
-/// The file that stands in a home while it is being made. Only one process holds it; one that was killed leaves it
-/// behind, so that the next knows that what it finds was never finished. The destructor takes it away, unless it is
-/// to stay.
+/// The file that stands in a home while it is being made. Only one process holds it; one that was killed
+/// leaves it behind, so that the next knows that what it finds was never finished. The destructor takes it
+/// away, unless it is to stay.
 class WorkMark {
  public:
   virtual ~WorkMark() = default;

@@ -32,7 +32,8 @@ std::string installerWords() {
     if (!SQL_SUCCEEDED(SQLInstallerErrorW(i, &number, text, SQL_MAX_MESSAGE_LENGTH, nullptr))) break;
     words += (words.empty() ? "" : " ") + utf8FromPath(text);
   }
-  return words.empty() ? "no reason is given." : words;
+  if (words.empty()) words = "no reason is given";
+  return words.ends_with('.') ? words : words + ".";
 }
 
 class SystemDataSource : public DataSource {

@@ -11,6 +11,8 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(VARNHOLD_SANITIZE "" CACHE STRING "Sanitizers to build with, as for -fsanitize=")
 option(VARNHOLD_FUZZ "Build the libFuzzer targets instead of the tests" OFF)
 
+# Objects are the same wherever the checkout lies, so that a compiler cache outside the tree serves every clone. A test
+# that needs the tree names it in a definition on its one source file.
 find_program(CCACHE ccache)
 if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
@@ -45,7 +47,6 @@ function(varnhold_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
-  target_compile_definitions(${name} PRIVATE VARNHOLD_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE ${arg_USES} varnhold_warnings GTest::gmock GTest::gtest_main)
   add_test(NAME ${name} COMMAND ${name} --gtest_shuffle --gtest_brief=1)
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)

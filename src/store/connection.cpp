@@ -12,7 +12,8 @@ Connection::Connection(StatementListener listener) : listener_(std::move(listene
 
 Connection::~Connection() = default;
 
-void Connection::Open(const std::string& dataSource, const std::string& user, const std::string& password, int) {
+void Connection::Open(const std::string& dataSource, const std::string& user, const std::string& password,
+                      int) {
   Close();
   try {
     session_ = openOdbcSession(dataSource, user, password, listener_);
@@ -23,11 +24,17 @@ void Connection::Open(const std::string& dataSource, const std::string& user, co
   }
 }
 
-void Connection::Close() noexcept { session_.reset(); }
+void Connection::Close() noexcept {
+  session_.reset();
+}
 
-bool Connection::isOpen() const noexcept { return session_ != nullptr; }
+bool Connection::isOpen() const noexcept {
+  return session_ != nullptr;
+}
 
-Engine Connection::engine() { return session().engine(); }
+Engine Connection::engine() {
+  return session().engine();
+}
 
 Connection::Session& Connection::session() {
   if (!session_) throw RuntimeError(kObjectClosed, "The connection to the inventory is closed.");

@@ -14,12 +14,14 @@ inline constexpr std::string_view kDataSourceName = "qrvdb";
 /// The driver of the embedded default store, as the SQLite driver's package registers it with unixODBC.
 inline constexpr std::string_view kSqliteDriver = "SQLite3";
 
-/// How the SQLite driver opens the embedded default store. Two processes have it open at once, this program and the
-/// closed library in another connection:
+/// How the SQLite driver opens the embedded default store. Two processes have it open at once, this program
+/// and the closed library in another connection:
 /// - Timeout: a writer waits that many milliseconds for another to finish before it gives up with "locked";
-/// - JournalMode WAL: a reader never waits for a writer nor a writer for readers, and a process that is killed
+/// - JournalMode WAL: a reader never waits for a writer nor a writer for readers, and a process that is
+/// killed
 ///   leaves a file that the next opener recovers, with every committed row;
-/// - SyncPragma NORMAL: with WAL, a power cut may cost the last commits but never the database, and a commit need
+/// - SyncPragma NORMAL: with WAL, a power cut may cost the last commits but never the database, and a commit
+/// need
 ///   not wait for the disk;
 /// - NoCreat: a wrong path is an error, not an empty inventory. What sets a home up makes the empty file;
 /// - BigInt, LongNames: numbers and column names come as they are.
@@ -32,8 +34,8 @@ inline constexpr std::array<std::pair<std::string_view, std::string_view>, 6> kS
     {"BigInt", "1"},
 }};
 
-/// The keywords and values of the embedded default's data source, in order, the driver apart. `databaseFile` is the
-/// whole path of the database, in the host's own form.
+/// The keywords and values of the embedded default's data source, in order, the driver apart. `databaseFile`
+/// is the whole path of the database, in the host's own form.
 [[nodiscard]] std::vector<std::pair<std::string, std::string>> sqliteSettings(std::string_view databaseFile);
 
 /// The section of odbc.ini for a data source of that name on an SQLite file, ended by a line feed.

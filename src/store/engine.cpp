@@ -36,7 +36,9 @@ Engine engineOfDbmsName(std::string_view name) {
   return Engine::Other;
 }
 
-bool knowsSquareBrackets(Engine engine) { return engine != Engine::PostgreSql && engine != Engine::MariaDb; }
+bool knowsSquareBrackets(Engine engine) {
+  return engine != Engine::PostgreSql && engine != Engine::MariaDb;
+}
 
 std::string inDialectOf(Engine engine, std::string_view statement) {
   if (knowsSquareBrackets(engine)) return std::string(statement);
@@ -56,7 +58,8 @@ std::string oneRowStatement(Engine engine, std::string_view action, const std::s
                             const std::string& assignments, const std::string& condition) {
   const bool update = action == "UPDATE";
   const std::string top = engine == Engine::SqlServer ? " TOP (1)" : "";
-  std::string text = std::string(action) + top + (update ? " " + table + " SET " + assignments : " FROM " + table);
+  std::string text =
+      std::string(action) + top + (update ? " " + table + " SET " + assignments : " FROM " + table);
   if (engine == Engine::Sqlite) return text + whereOneOf("rowid", table, condition);
   if (engine == Engine::PostgreSql) return text + whereOneOf("ctid", table, condition);
   return text + " WHERE " + condition + (engine == Engine::MariaDb ? " LIMIT 1" : "");

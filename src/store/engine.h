@@ -14,8 +14,8 @@ enum class Engine { Sqlite, SqlServer, PostgreSql, MariaDb, Other };
 /// True when the engine reads `[name]` as a quoted name.
 [[nodiscard]] bool knowsSquareBrackets(Engine engine);
 
-/// `statement` as `engine` can read it: the square brackets around names are dropped for an engine that does not
-/// know them. Text in single or double quotes stays untouched, and so does everything else.
+/// `statement` as `engine` can read it: the square brackets around names are dropped for an engine that does
+/// not know them. Text in single or double quotes stays untouched, and so does everything else.
 [[nodiscard]] std::string inDialectOf(Engine engine, std::string_view statement);
 
 /// The statement that changes or deletes one row, and one only, of those for which `condition` holds.

@@ -16,7 +16,8 @@ bool dropComputerForeignKey(Connection& connection, std::string_view driverName)
   if (keys.Eof()) return false;
   Command drop;
   drop.ActiveConnection = &connection;
-  drop.CommandText = statements::fill(statements::kDropConstraint, {{"constraint", keys.Fields("name").value().asText()}});
+  drop.CommandText =
+      statements::fill(statements::kDropConstraint, {{"constraint", keys.Fields("name").value().asText()}});
   drop.Execute();
   return true;
 }

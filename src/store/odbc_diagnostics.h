@@ -18,8 +18,8 @@ struct FailedStep {
   TextWay way = TextWay::Wide;
 };
 
-/// The error of a failed ODBC call: kStatementRefused or kDatabaseFailed, with the driver's words, SQLSTATE, and
-/// what to do where that is known.
+/// The error of a failed ODBC call: kStatementRefused or kDatabaseFailed, with the driver's words, SQLSTATE,
+/// and what to do where that is known.
 [[nodiscard]] RuntimeError odbcError(const FailedStep& step);
 
 }  // namespace varnhold::store::odbc

@@ -11,9 +11,9 @@ namespace {
 
 constexpr std::size_t kBlockBytes = 256 * 1024;
 constexpr std::size_t kMostRowsPerBlock = 256;
-/// The letters that a column is first read with when it declares more, and when it declares none. Longer texts are
-/// met by a second pass. Wide enough for all of a MySQL TEXT: MariaDB's driver reads beyond its own memory when it
-/// has to cut a text.
+/// The letters that a column is first read with when it declares more, and when it declares none. Longer
+/// texts are met by a second pass. Wide enough for all of a MySQL TEXT: MariaDB's driver reads beyond its own
+/// memory when it has to cut a text.
 constexpr std::size_t kWidestAtFirst = 65535;
 constexpr std::size_t kUndeclaredWidth = 255;
 
@@ -108,10 +108,11 @@ class BlockReader {
       bound_.push_back({kind, bytes});
       rowBytes += bytes + sizeof(SQLLEN);
     }
-    const std::size_t count = std::clamp<std::size_t>(kBlockBytes / std::max<std::size_t>(rowBytes, 1), 1,
-                                                      kMostRowsPerBlock);
+    const std::size_t count =
+        std::clamp<std::size_t>(kBlockBytes / std::max<std::size_t>(rowBytes, 1), 1, kMostRowsPerBlock);
     states_.assign(count, SQL_ROW_SUCCESS);
-    if (!setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, count) || !setAttribute(SQL_ATTR_ROW_STATUS_PTR, states_.data()) ||
+    if (!setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, count) ||
+        !setAttribute(SQL_ATTR_ROW_STATUS_PTR, states_.data()) ||
         !setAttribute(SQL_ATTR_ROWS_FETCHED_PTR, &fetched_)) {
       return false;
     }
@@ -124,8 +125,8 @@ class BlockReader {
       bound.values = place;
       bound.indicators = reinterpret_cast<SQLLEN*>(place + bound.width * count);
       place += (bound.width + sizeof(SQLLEN)) * count;
-      if (!SQL_SUCCEEDED(SQLBindCol(statement_, static_cast<SQLUSMALLINT>(i + 1), typeOf(bound.kind), bound.values,
-                                    static_cast<SQLLEN>(bound.width), bound.indicators))) {
+      if (!SQL_SUCCEEDED(SQLBindCol(statement_, static_cast<SQLUSMALLINT>(i + 1), typeOf(bound.kind),
+                                    bound.values, static_cast<SQLLEN>(bound.width), bound.indicators))) {
         return false;
       }
     }
@@ -139,7 +140,8 @@ class BlockReader {
 
   template <class T>
   bool setAttribute(SQLINTEGER attribute, T value) {
-    return SQL_SUCCEEDED(SQLSetStmtAttrW(statement_, attribute, (SQLPOINTER)value, 0));  // NOLINT: number or pointer
+    return SQL_SUCCEEDED(
+        SQLSetStmtAttrW(statement_, attribute, (SQLPOINTER)value, 0));  // NOLINT: number or pointer
   }
 
   [[nodiscard]] bool hasRowInError() const {
@@ -194,7 +196,8 @@ class BlockReader {
 
   /// At least twice the width, so that a column with ever longer texts costs few passes. Always false.
   bool widen(std::size_t index, SQLLEN bytes) {
-    const std::size_t known = bytes == SQL_NO_TOTAL ? 0 : static_cast<std::size_t>(bytes) / sizeof(SQLWCHAR) + 1;
+    const std::size_t known =
+        bytes == SQL_NO_TOTAL ? 0 : static_cast<std::size_t>(bytes) / sizeof(SQLWCHAR) + 1;
     widths_[index] = std::max(widths_[index] * 2, known);
     return false;
   }

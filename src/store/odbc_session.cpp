@@ -16,24 +16,31 @@ namespace {
 
 using namespace odbc;
 
-/// What a connection to the engine is told first, so that it reads the program's statements as they are meant:
-/// a backslash in text is a letter of a path.
+/// What a connection to the engine is told first. PostgreSQL and MariaDB: a backslash in text is a letter of
+/// a path. SQLite: room for the whole inventory in memory, 32 MB at most, so that a look-up costs the same
+/// however large it is.
 struct EngineSetting {
   Engine engine;
   std::string_view statement;
 };
-constexpr std::array<EngineSetting, 2> kSettings{{
+constexpr std::array<EngineSetting, 3> kSettings{{
+    {Engine::Sqlite, "PRAGMA cache_size = -32768"},
     {Engine::PostgreSql, "SET standard_conforming_strings TO on"},
     {Engine::MariaDb,
-     "SET SESSION sql_mode = CONCAT_WS(',', NULLIF(@@SESSION.sql_mode, ''), 'NO_BACKSLASH_ESCAPES', 'ANSI_QUOTES')"},
+     "SET SESSION sql_mode = CONCAT_WS(',', NULLIF(@@SESSION.sql_mode, ''), 'NO_BACKSLASH_ESCAPES', "
+     "'ANSI_QUOTES')"},
 }};
 
-/// Text whose way through the driver shows whether it garbles what is not ASCII: in and beyond the first plane.
+/// Text whose way through the driver shows whether it garbles what is not ASCII: in and beyond the first
+/// plane.
 constexpr std::string_view kTrialText = "\u00e9\u20ac\U0001F5A5";
 
-RuntimeError noMemory() { return {kDatabaseFailed, "The ODBC driver manager gives no handle."}; }
+RuntimeError noMemory() {
+  return {kDatabaseFailed, "The ODBC driver manager gives no handle."};
+}
 
-/// A NUL would end a statement early at the engine, which might carry out its beginning, and would cut a value.
+/// A NUL would end a statement early at the engine, which might carry out its beginning, and would cut a
+/// value.
 void refuseNul(std::string_view text) {
   if (text.find('\0') == std::string_view::npos) return;
   throw RuntimeError(kStatementRefused, "The statement holds a NUL character, which no database takes.");
@@ -93,9 +100,9 @@ void OdbcSession::open(const std::string& dataSource, const std::string& user, c
 
   WideText source(dataSource), account(user), secret(password);
   const std::string where = "The data source '" + dataSource + "' can't be opened";
-  const SQLRETURN result =
-      SQLConnectW(connection_.handle.get(), source.data(), static_cast<SQLSMALLINT>(source.size()), account.data(),
-                  static_cast<SQLSMALLINT>(account.size()), secret.data(), static_cast<SQLSMALLINT>(secret.size()));
+  const SQLRETURN result = SQLConnectW(
+      connection_.handle.get(), source.data(), static_cast<SQLSMALLINT>(source.size()), account.data(),
+      static_cast<SQLSMALLINT>(account.size()), secret.data(), static_cast<SQLSMALLINT>(secret.size()));
   if (!SQL_SUCCEEDED(result)) throw odbcError({SQL_HANDLE_DBC, connection_.handle.get(), where});
   connection_.connected = true;
   engine_ = engineOfDbmsName(dbmsName());
@@ -113,17 +120,19 @@ void OdbcSession::settle(const std::string& where) {
   }
 }
 
-/// SQLite's driver reads the file only when it is first asked for something, so it is asked here. What it is asked
-/// shows two things more: whether statements cross to it ungarbled, and whether there is a file at all. A driver
-/// manager that can't read the data source's settings leaves the driver without a path, and the driver then works on
-/// a database of its own that is gone with the connection.
+/// SQLite's driver reads the file only when it is first asked for something, so it is asked here. What it is
+/// asked shows two things more: whether statements cross to it ungarbled, and whether there is a file at all.
+/// A driver manager that can't read the data source's settings leaves the driver without a path, and the
+/// driver then works on a database of its own that is gone with the connection.
 void OdbcSession::settleSqlite() {
-  const Rows trial = rowsOf("SELECT file, '" + std::string(kTrialText) +
-                            "' FROM pragma_database_list, (SELECT COUNT(*) FROM sqlite_master) WHERE name = 'main'");
+  const Rows trial =
+      rowsOf("SELECT file, '" + std::string(kTrialText) +
+             "' FROM pragma_database_list, (SELECT COUNT(*) FROM sqlite_master) WHERE name = 'main'");
   if (trial.size != 1 || trial.columns[0].at(0) == Value("")) {
-    throw RuntimeError(kDatabaseFailed,
-                       "No database file is named in its settings, or they can't be read. Check the data source; on "
-                       "Linux its odbc.ini must be writable for this user, since the driver manager opens it so.");
+    throw RuntimeError(
+        kDatabaseFailed,
+        "No database file is named in its settings, or they can't be read. Check the data source; on "
+        "Linux its odbc.ini must be writable for this user, since the driver manager opens it so.");
   }
   if (trial.columns[1].at(0) != Value(std::string(kTrialText))) way_ = wayWhenWideIsGarbled();
 }
@@ -140,7 +149,8 @@ std::string OdbcSession::dbmsName() {
 StatementHandle OdbcSession::newStatement() {
   StatementHandle handle(connection_.handle.get());
   if (!handle) {
-    throw odbcError({SQL_HANDLE_DBC, connection_.handle.get(), "The connection to the database failed", engine_, way_});
+    throw odbcError(
+        {SQL_HANDLE_DBC, connection_.handle.get(), "The connection to the database failed", engine_, way_});
   }
   // A name may hold what ODBC reads as an escape, such as "{fn": the driver is not to look for any.
   SQLSetStmtAttrW(handle.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);

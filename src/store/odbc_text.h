@@ -20,7 +20,8 @@ class WideText {
   std::u16string units_;
 };
 
-/// Appends `count` units of UTF-16 as UTF-8. Names and paths are nearly always ASCII, which is copied at once.
+/// Appends `count` units of UTF-16 as UTF-8. Names and paths are nearly always ASCII, which is copied at
+/// once.
 void appendUtf8(std::string& text, const SQLWCHAR* units, std::size_t count);
 
 [[nodiscard]] inline std::string utf8Of(const SQLWCHAR* units, std::size_t count) {
@@ -35,9 +36,9 @@ enum class TextWay {
   Utf8,  ///< bytes, for a driver on a Unix host that lacks W functions and takes UTF-8
 };
 
-/// The other way for a driver that `TextWay::Wide` was seen to garble text for: on a Unix host the driver manager
-/// converts for a driver without W functions, into ISO 8859-1 or the locale's encoding and never beyond U+FFFF,
-/// so that such a driver is better handed the bytes it knows.
+/// The other way for a driver that `TextWay::Wide` was seen to garble text for: on a Unix host the driver
+/// manager converts for a driver without W functions, into ISO 8859-1 or the locale's encoding and never
+/// beyond U+FFFF, so that such a driver is better handed the bytes it knows.
 [[nodiscard]] TextWay wayWhenWideIsGarbled();
 
 SQLRETURN executeDirect(SQLHSTMT statement, std::string_view text, TextWay way);

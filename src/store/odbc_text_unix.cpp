@@ -5,15 +5,19 @@
 
 namespace varnhold::store::odbc {
 
-TextWay wayWhenWideIsGarbled() { return TextWay::Utf8; }
+TextWay wayWhenWideIsGarbled() {
+  return TextWay::Utf8;
+}
 
 SQLRETURN executeDirect(SQLHSTMT statement, std::string_view text, TextWay way) {
   if (way == TextWay::Wide) return executeDirectWide(statement, text);
   std::string bytes(text);
-  return SQLExecDirect(statement, reinterpret_cast<SQLCHAR*>(bytes.data()), static_cast<SQLINTEGER>(bytes.size()));
+  return SQLExecDirect(statement, reinterpret_cast<SQLCHAR*>(bytes.data()),
+                       static_cast<SQLINTEGER>(bytes.size()));
 }
 
-bool readDiagnostic(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLINT number, TextWay way, DiagnosticText& record) {
+bool readDiagnostic(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLINT number, TextWay way,
+                    DiagnosticText& record) {
   if (way == TextWay::Wide) return readDiagnosticWide(type, handle, number, record);
   std::array<SQLCHAR, 6> state{};
   std::array<SQLCHAR, SQL_MAX_MESSAGE_LENGTH> words{};

@@ -3,7 +3,9 @@
 namespace varnhold::store::odbc {
 
 // Windows' driver manager converts in full, and a name that is not ASCII would lose letters in any other way.
-TextWay wayWhenWideIsGarbled() { return TextWay::Wide; }
+TextWay wayWhenWideIsGarbled() {
+  return TextWay::Wide;
+}
 
 SQLRETURN executeDirect(SQLHSTMT statement, std::string_view text, TextWay) {
   return executeDirectWide(statement, text);

@@ -13,7 +13,9 @@ bool isSelect(std::string_view source) {
   return begin != std::string_view::npos && equalsIgnoringCase(source.substr(begin, kSelect.size()), kSelect);
 }
 
-char lowered(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter; }
+char lowered(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+}
 
 /// Column names are nearly always ASCII, and are looked up for every cell.
 bool isSameName(std::string_view left, std::string_view right) {
@@ -31,7 +33,8 @@ Recordset::~Recordset() = default;
 
 Recordset::State& Recordset::opened() const {
   if (!state_) throw RuntimeError(kObjectClosed, "The set of rows is closed.");
-  if (state_->connection.expired()) throw RuntimeError(kObjectClosed, "The connection to the inventory is closed.");
+  if (state_->connection.expired())
+    throw RuntimeError(kObjectClosed, "The connection to the inventory is closed.");
   return *state_;
 }
 
@@ -44,7 +47,9 @@ void Recordset::Open(const std::string& source, Connection& connection, CursorTy
   state_ = std::move(state);
 }
 
-void Recordset::Close() noexcept { state_.reset(); }
+void Recordset::Close() noexcept {
+  state_.reset();
+}
 
 void Recordset::setFilter(std::string_view condition) {
   State& state = opened();
@@ -95,7 +100,8 @@ Recordset::Field Recordset::Fields(std::string_view name) {
   for (std::size_t i = 0; i < columns.size(); ++i) {
     if (isSameName(columns[i].name, name)) return {*this, i};
   }
-  throw RuntimeError(kItemNotFound, "There is no column '" + std::string(name) + "' in " + state.source + ".");
+  throw RuntimeError(kItemNotFound,
+                     "There is no column '" + std::string(name) + "' in " + state.source + ".");
 }
 
 void Recordset::AddNew() {
@@ -106,12 +112,20 @@ void Recordset::AddNew() {
   state.beginEdit(State::Edit::Add);
 }
 
-void Recordset::Update() { opened().writeEdit(); }
+void Recordset::Update() {
+  opened().writeEdit();
+}
 
-void Recordset::Delete() { opened().deleteRow(); }
+void Recordset::Delete() {
+  opened().deleteRow();
+}
 
-const Value& Recordset::Field::value() const { return rows_.opened().cell(column_); }
+const Value& Recordset::Field::value() const {
+  return rows_.opened().cell(column_);
+}
 
-void Recordset::Field::setValue(const Value& value) { rows_.opened().setCell(column_, value); }
+void Recordset::Field::setValue(const Value& value) {
+  rows_.opened().setCell(column_, value);
+}
 
 }  // namespace varnhold::store

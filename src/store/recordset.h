@@ -15,12 +15,13 @@ namespace varnhold::store {
 inline constexpr std::int32_t kRowsAreReadOnly = 3251;
 
 enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };  ///< adOpen...
-enum class LockType { ReadOnly = 1, Optimistic = 3 };                           ///< adLock...
+enum class LockType { ReadOnly = 1, Optimistic = 3 };                            ///< adLock...
 
 /// The rows of a table or of a SELECT, one current at a time. Opening is lazy: rows are asked for when `Bof`,
-/// `Eof`, a move or a field first needs them, with the filter that is set then as part of the statement, so that
-/// finding one row costs one indexed look-up. Setting another filter asks anew and sees rows written since.
-/// Errors as for `Connection`; a source that the engine refuses may be reported at `Open` or at the first use of rows.
+/// `Eof`, a move or a field first needs them, with the filter that is set then as part of the statement, so
+/// that finding one row costs one indexed look-up. Setting another filter asks anew and sees rows written
+/// since. Errors as for `Connection`; a source that the engine refuses may be reported at `Open` or at the
+/// first use of rows.
 class Recordset {
  public:
   Recordset();
@@ -28,9 +29,10 @@ class Recordset {
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
 
-  /// `source` is the name of a table, or the text of a SELECT. Columns of a SELECT over several tables that have the
-  /// same name are found by the first of them.
-  void Open(const std::string& source, Connection& connection, CursorType cursor, LockType lock, int options = -1);
+  /// `source` is the name of a table, or the text of a SELECT. Columns of a SELECT over several tables that
+  /// have the same name are found by the first of them.
+  void Open(const std::string& source, Connection& connection, CursorType cursor, LockType lock,
+            int options = -1);
   void Close() noexcept;
 
   /// Keeps the rows for which the condition holds, and goes to the first; an empty text lifts the filter. The
@@ -49,8 +51,8 @@ class Recordset {
    public:
     /// Raises kNoCurrentRow when there is no current row.
     [[nodiscard]] const Value& value() const;
-    /// Changes the row being edited or added; it is written by `Update`. Raises kNoCurrentRow as `value` does,
-    /// kRowsAreReadOnly, and kTypeMismatch for text that is no number in a column of numbers.
+    /// Changes the row being edited or added; it is written by `Update`. Raises kNoCurrentRow as `value`
+    /// does, kRowsAreReadOnly, and kTypeMismatch for text that is no number in a column of numbers.
     void setValue(const Value& value);
 
    private:
@@ -64,13 +66,13 @@ class Recordset {
 
   /// Begins a new row, all NULL; written, it is the current one. Raises kRowsAreReadOnly.
   void AddNew();
-  /// Writes the added or changed row, exactly one, also where others are equal to it. Does nothing when none is being
-  /// added or changed. Raises kDatabaseFailed when someone else changed or deleted the row since it was read. The edit
-  /// is given up when it fails.
+  /// Writes the added or changed row, exactly one, also where others are equal to it. Does nothing when none
+  /// is being added or changed. Raises kDatabaseFailed when someone else changed or deleted the row since it
+  /// was read. The edit is given up when it fails.
   void Update();
-  /// Deletes the current row, exactly one, also where others are equal to it; the set stays on its place until it is
-  /// moved. A row that is being added is given up. Raises kRowsAreReadOnly, kNoCurrentRow, and kDatabaseFailed as
-  /// `Update` does.
+  /// Deletes the current row, exactly one, also where others are equal to it; the set stays on its place
+  /// until it is moved. A row that is being added is given up. Raises kRowsAreReadOnly, kNoCurrentRow, and
+  /// kDatabaseFailed as `Update` does.
   void Delete();
 
  private:

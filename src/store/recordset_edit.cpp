@@ -36,9 +36,12 @@ void Recordset::State::beginEdit(Edit kind) {
 void Recordset::State::writeEdit() {
   // Given up first: an edit that the engine refuses must not be tried again by every later step.
   switch (std::exchange(edit, Edit::None)) {
-    case Edit::None: return;
-    case Edit::Add: return insertRow();
-    case Edit::Change: return changeRow();
+    case Edit::None:
+      return;
+    case Edit::Add:
+      return insertRow();
+    case Edit::Change:
+      return changeRow();
   }
 }
 
@@ -52,7 +55,8 @@ void Recordset::State::insertRow() {
     marks.add("?");
     parameters.push_back(edited[i]);
   }
-  session().execute("INSERT INTO " + source + " (" + names.text + ") VALUES (" + marks.text + ")", parameters);
+  session().execute("INSERT INTO " + source + " (" + names.text + ") VALUES (" + marks.text + ")",
+                    parameters);
   rows.append(edited);
   onAddedRow = !asked;
   goTo(rows.size - 1);
@@ -96,9 +100,10 @@ void Recordset::State::executeOnCurrentRow(std::string_view action, const std::s
   const std::string statement =
       oneRowStatement(session().engine(), action, source, assignments, condition.text);
   if (session().execute(statement, parameters) == 1) return;
-  throw RuntimeError(kDatabaseFailed, "The row of " + source +
-                                          " was changed or deleted by someone else since it was read. Read it anew "
-                                          "and try again.");
+  throw RuntimeError(kDatabaseFailed,
+                     "The row of " + source +
+                         " was changed or deleted by someone else since it was read. Read it anew "
+                         "and try again.");
 }
 
 }  // namespace varnhold::store

@@ -11,7 +11,8 @@
 
 namespace varnhold::store {
 
-/// An open recordset: what it was opened on, the rows once they were asked for, its place, and the row being written.
+/// An open recordset: what it was opened on, the rows once they were asked for, its place, and the row being
+/// written.
 struct Recordset::State {
   std::weak_ptr<Connection::Session> connection;
   std::string source;
@@ -20,15 +21,15 @@ struct Recordset::State {
   std::string filter;
 
   Rows rows;
-  bool asked = false;      ///< the rows are all there
-  bool onAddedRow = false; ///< not asked yet, but there are rows that were added through this set
-  std::size_t place = 0;   ///< of the current row; the number of rows when behind the last
+  bool asked = false;       ///< the rows are all there
+  bool onAddedRow = false;  ///< not asked yet, but there are rows that were added through this set
+  std::size_t place = 0;    ///< of the current row; the number of rows when behind the last
   std::vector<bool> deleted;
   std::size_t deletedCount = 0;
 
   enum class Edit { None, Change, Add } edit = Edit::None;
-  std::vector<Value> edited;  ///< the row being written, by column
-  std::vector<bool> assigned; ///< which of its columns were set
+  std::vector<Value> edited;   ///< the row being written, by column
+  std::vector<bool> assigned;  ///< which of its columns were set
 
   /// The current row's values as far as they were asked for.
   std::vector<Value> cells;
@@ -56,7 +57,8 @@ struct Recordset::State {
   void changeRow();
   void deleteRow();
   /// Executes `action` on one row that still holds what was read of the current one.
-  void executeOnCurrentRow(std::string_view action, const std::string& assignments, std::vector<Value> parameters);
+  void executeOnCurrentRow(std::string_view action, const std::string& assignments,
+                           std::vector<Value> parameters);
 };
 
 }  // namespace varnhold::store

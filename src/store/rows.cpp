@@ -21,15 +21,25 @@ double numberOf(const Value& value) {
 
 }  // namespace
 
-void Column::appendNull() { cells_.emplace_back(); }
+void Column::appendNull() {
+  cells_.emplace_back();
+}
 
-void Column::append(std::int64_t number) { cells_.push_back({std::bit_cast<std::uint64_t>(number), 0}); }
+void Column::append(std::int64_t number) {
+  cells_.push_back({std::bit_cast<std::uint64_t>(number), 0});
+}
 
-void Column::append(double number) { cells_.push_back({std::bit_cast<std::uint64_t>(number), 0}); }
+void Column::append(double number) {
+  cells_.push_back({std::bit_cast<std::uint64_t>(number), 0});
+}
 
-void Column::appendTextFrom(std::size_t begin) { cells_.push_back({begin, text.size() - begin}); }
+void Column::appendTextFrom(std::size_t begin) {
+  cells_.push_back({begin, text.size() - begin});
+}
 
-void Column::append(const Value& value) { cells_.push_back(cellOf(value)); }
+void Column::append(const Value& value) {
+  cells_.push_back(cellOf(value));
+}
 
 Value Column::at(std::size_t row) const {
   const Cell& cell = cells_[row];
@@ -39,7 +49,9 @@ Value Column::at(std::size_t row) const {
   return text.substr(cell.bits, cell.extent);
 }
 
-void Column::set(std::size_t row, const Value& value) { cells_[row] = cellOf(value); }
+void Column::set(std::size_t row, const Value& value) {
+  cells_[row] = cellOf(value);
+}
 
 Column::Cell Column::cellOf(const Value& value) {
   if (value.isNull()) return {};

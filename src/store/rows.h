@@ -12,8 +12,8 @@ namespace varnhold::store {
 /// What the cells of a column hold, NULL apart.
 enum class ColumnKind { Integer, Number, Text };
 
-/// One column of an answer with its cells, row by row. The text of all cells lies in one piece, so that a row costs
-/// no allocation of its own.
+/// One column of an answer with its cells, row by row. The text of all cells lies in one piece, so that a row
+/// costs no allocation of its own.
 struct Column {
   std::string name;
   ColumnKind kind = ColumnKind::Text;

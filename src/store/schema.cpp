@@ -17,15 +17,21 @@ std::string_view withoutLineEnd(std::string_view line) {
 
 std::string_view schemaText(Engine engine) {
   switch (engine) {
-    case Engine::Sqlite: return schema_texts::kSqlite;
-    case Engine::SqlServer: return schema_texts::kSqlServer;
-    case Engine::PostgreSql: return schema_texts::kPostgreSql;
-    case Engine::MariaDb: return schema_texts::kMariaDb;
-    case Engine::Other: break;
+    case Engine::Sqlite:
+      return schema_texts::kSqlite;
+    case Engine::SqlServer:
+      return schema_texts::kSqlServer;
+    case Engine::PostgreSql:
+      return schema_texts::kPostgreSql;
+    case Engine::MariaDb:
+      return schema_texts::kMariaDb;
+    case Engine::Other:
+      break;
   }
-  throw RuntimeError(kDatabaseFailed,
-                     "There is no schema for the engine behind the data source. Use SQLite, SQL Server, PostgreSQL or "
-                     "MariaDB.");
+  throw RuntimeError(
+      kDatabaseFailed,
+      "There is no schema for the engine behind the data source. Use SQLite, SQL Server, PostgreSQL or "
+      "MariaDB.");
 }
 
 std::vector<std::string> schemaStatements(std::string_view text) {

@@ -27,9 +27,8 @@ struct Connection::Session : std::enable_shared_from_this<Connection::Session> {
 };
 
 /// Opens the ODBC data source.
-[[nodiscard]] std::shared_ptr<Connection::Session> openOdbcSession(const std::string& dataSource,
-                                                                   const std::string& user,
-                                                                   const std::string& password,
-                                                                   const Connection::StatementListener& listener);
+[[nodiscard]] std::shared_ptr<Connection::Session> openOdbcSession(
+    const std::string& dataSource, const std::string& user, const std::string& password,
+    const Connection::StatementListener& listener);
 
 }  // namespace varnhold::store

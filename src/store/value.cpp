@@ -9,8 +9,12 @@
 namespace varnhold::store {
 namespace {
 
-[[noreturn]] void raiseNull() { throw RuntimeError(kInvalidUseOfNull, "Invalid use of Null"); }
-[[noreturn]] void raiseTypeMismatch() { throw RuntimeError(kTypeMismatch, "Type mismatch"); }
+[[noreturn]] void raiseNull() {
+  throw RuntimeError(kInvalidUseOfNull, "Invalid use of Null");
+}
+[[noreturn]] void raiseTypeMismatch() {
+  throw RuntimeError(kTypeMismatch, "Type mismatch");
+}
 
 /// The shortest text that reads back as the same number; a whole one shows no point.
 std::string textOf(double number) {

@@ -11,11 +11,11 @@ namespace varnhold::store {
 class Value {
  public:
   Value() = default;
-  Value(std::int64_t number) : content_(number) {}           // NOLINT(google-explicit-constructor)
-  Value(int number) : content_(std::int64_t{number}) {}      // NOLINT(google-explicit-constructor)
-  Value(double number) : content_(number) {}                 // NOLINT(google-explicit-constructor)
-  Value(std::string text) : content_(std::move(text)) {}     // NOLINT(google-explicit-constructor)
-  Value(const char* text) : content_(std::string(text)) {}   // NOLINT(google-explicit-constructor)
+  Value(std::int64_t number) : content_(number) {}          // NOLINT(google-explicit-constructor)
+  Value(int number) : content_(std::int64_t{number}) {}     // NOLINT(google-explicit-constructor)
+  Value(double number) : content_(number) {}                // NOLINT(google-explicit-constructor)
+  Value(std::string text) : content_(std::move(text)) {}    // NOLINT(google-explicit-constructor)
+  Value(const char* text) : content_(std::string(text)) {}  // NOLINT(google-explicit-constructor)
 
   [[nodiscard]] bool isNull() const { return std::holds_alternative<std::monostate>(content_); }
   /// The value as text; raises kInvalidUseOfNull for NULL.

@@ -46,9 +46,9 @@ class ScriptedUi::Window : public ui::FormWindow {
   }
   void hide() override { toolkit_.journal_.push_back("Close " + form_.Name()); }
   void runModal() override {
-    if (!ended_) toolkit_.runScript(form_);
+    const bool hadScript = toolkit_.runScript(form_);
     if (ended_) return;
-    ADD_FAILURE() << "the user leaves " << form_.Name() << " open: the program would wait for ever";
+    if (hadScript) ADD_FAILURE() << "the user leaves " << form_.Name() << " open: the program would wait for ever";
     form_.Hide();
   }
   void endModal() override { ended_ = true; }
@@ -71,17 +71,19 @@ ScriptedUi::~ScriptedUi() {
   EXPECT_TRUE(inputs_.empty()) << inputs_.size() << " inputs that nobody asked for";
   EXPECT_TRUE(files_.empty()) << files_.size() << " files that nobody asked for";
   for (const auto& entry : popUps_) ADD_FAILURE() << "no pop-up menu to choose from: " << entry;
+  EXPECT_EQ(screen.hasFailed(), endsByRunTimeError) << "whether a run-time error has ended the program";
 }
 
 void ScriptedUi::nextModal(std::string name, Script script) {
   scripts_.push_back({std::move(name), std::move(script)});
 }
 
-void ScriptedUi::runScript(ui::Form& form) {
+bool ScriptedUi::runScript(ui::Form& form) {
   const auto script = take(scripts_, "no script for the modal form " + form.Name(), ModalScript());
-  if (script.script == nullptr) return;
+  if (script.script == nullptr) return false;
   EXPECT_EQ(form.Name(), script.name) << "another form is shown modally";
   script.script(form);
+  return true;
 }
 
 std::unique_ptr<ui::FormWindow> ScriptedUi::createWindow(ui::Form& form) {

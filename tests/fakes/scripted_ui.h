@@ -29,7 +29,7 @@ namespace varnhold::fakes {
 ///
 /// Whatever the program waits for and the test has not foreseen is a failure of the test: a modal form without a
 /// script, a script that leaves its form shown, a question, a prompt or a file dialog without an answer; and, at the
-/// end, a script or an answer that nobody asked for.
+/// end, a script or an answer that nobody asked for, and a run-time error that has ended the program.
 class ScriptedUi : public ui::Toolkit {
  public:
   /// What the user does on a form that was shown modally.
@@ -56,6 +56,8 @@ class ScriptedUi : public ui::Toolkit {
   /// (not there, invisible or disabled). A pop-up menu without a choice is dismissed.
   void nextPopUp(std::string entry) { popUps_.push_back(std::move(entry)); }
 
+  /// The test means the program to end by a run-time error; then it is a failure where it does not.
+  bool endsByRunTimeError = false;
   /// What happens each time the program pumps events.
   std::function<void()> onPump;
   /// What the user does in the main loop; it returns when this does.
@@ -90,7 +92,8 @@ class ScriptedUi : public ui::Toolkit {
     std::uint64_t intervalMs, dueMs;
   };
 
-  void runScript(ui::Form& form);
+  /// False when there is no script.
+  bool runScript(ui::Form& form);
   ui::MenuItem* choose(const ui::MenuItem& menu);
   [[nodiscard]] std::map<ui::Timer*, RunningTimer>::iterator nextDue();
 

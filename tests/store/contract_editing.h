@@ -149,7 +149,8 @@ TEST_F(InventoryContract, ARowThatSomeoneElseChangedIsNotOverwritten) {
   const Raised raised = raisedBy([&] { rows.Update(); });
   EXPECT_EQ(raised.number, kDatabaseFailed);
   EXPECT_EQ(raised.description,
-            "The row of System_Table was changed or deleted by someone else since it was read. Read it anew and try "
+            "The row of System_Table was changed or deleted by someone else since it was read. Read it anew "
+            "and try "
             "again.");
   EXPECT_EQ(raisedBy([&] { rows.Delete(); }).number, kDatabaseFailed);
   EXPECT_EQ(tableOf("System_Table", {"System_Description"}), (Table{{"theirs"}}));
@@ -199,7 +200,8 @@ TEST_F(InventoryContract, EditsRowsWhileAnotherSetAndACommandAreAtWork) {
   for (; !systems.Eof(); systems.MoveNext()) {
     const std::string name = systems.Fields("System_Name").value().asText();
     groups.setFilter("System_Name = '" + name + "' AND Group_Name = 'G'");
-    if (groups.Eof()) execute("INSERT INTO System_Group (System_Name, Group_Name) VALUES ('" + name + "', 'G')");
+    if (groups.Eof())
+      execute("INSERT INTO System_Group (System_Name, Group_Name) VALUES ('" + name + "', 'G')");
     systems.Fields("System_Description").setValue("of G: " + name);
     systems.Update();
   }

@@ -26,7 +26,9 @@ extern const EngineUnderTest kEngineUnderTest;
 /// A table as text: rows in order of their text, NULL as "NULL".
 using Table = std::vector<std::vector<std::string>>;
 
-inline std::string textOf(const Value& value) { return value.isNull() ? "NULL" : value.asText(); }
+inline std::string textOf(const Value& value) {
+  return value.isNull() ? "NULL" : value.asText();
+}
 
 /// The number and description of the error that `action` raises; 0 when it raises none.
 struct Raised {
@@ -72,13 +74,14 @@ class InventoryContract : public testing::Test {
   }
 
   void addSystem(const std::string& name, int type = 7) {
-    execute("INSERT INTO System_Table (System_Name, System_Type, IP_Address, System_Description) VALUES ('" + name +
-            "', " + std::to_string(type) + ", '10.0.0.1', '')");
+    execute("INSERT INTO System_Table (System_Name, System_Type, IP_Address, System_Description) VALUES ('" +
+            name + "', " + std::to_string(type) + ", '10.0.0.1', '')");
   }
 
   void addAgent(const std::string& name, int module, const std::string& path = "C:\\Agent") {
-    execute("INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual,Agentless) VALUES ('" + name +
-            "', " + std::to_string(module) + ", '" + path + "', 0, 0)");
+    execute(
+        "INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual,Agentless) VALUES ('" +
+        name + "', " + std::to_string(module) + ", '" + path + "', 0, 0)");
   }
 
   /// The columns of all rows that a set holds from its first row on.

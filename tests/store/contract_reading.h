@@ -64,7 +64,9 @@ TEST_F(InventoryContract, AnOlderDatabaseLacksOnlyTheColumnSystemType) {
 }
 
 TEST_F(InventoryContract, NullIsNoValue) {
-  execute("INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual) VALUES ('A', 2, 'C:\\T', 0)");
+  execute(
+      "INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual) VALUES ('A', 2, 'C:\\T', "
+      "0)");
   Recordset rows;
   rows.Open("Module_Table", connection, CursorType::Keyset, LockType::ReadOnly);
   for (const char* column : {"Agentless", "Port", "SystemType"}) {
@@ -137,8 +139,8 @@ TEST_F(InventoryContract, AFilterHoldsOnASelectToo) {
   addSystem("ALPHA", 4);
   addSystem("BETA", 5);
   Recordset rows;
-  rows.Open("SELECT * FROM System_Table WHERE System_Type = 4 OR System_Type = 5", connection, CursorType::Static,
-            LockType::ReadOnly);
+  rows.Open("SELECT * FROM System_Table WHERE System_Type = 4 OR System_Type = 5", connection,
+            CursorType::Static, LockType::ReadOnly);
   rows.setFilter("System_Name = 'BETA'");
   EXPECT_EQ(tableOf(rows, {"System_Name", "System_Type"}), (Table{{"BETA", "5"}}));
 }
@@ -178,7 +180,8 @@ TEST_F(InventoryContract, TextLongerThanItsColumnIsReadWithComesWhole) {
   execute("CREATE TABLE Trial (Number INTEGER, Content TEXT)");
   BulkInsert trial(connection, "Trial", {"Number", "Content"});
   const std::vector<std::string> long_{std::string(60000, 'x'), "\xC3\xA4" + std::string(5000, 'y')};
-  for (int i = 0; i < 1000; ++i) trial.add({i, i == 700 ? long_[0] : i == 900 ? long_[1] : std::to_string(i)});
+  for (int i = 0; i < 1000; ++i)
+    trial.add({i, i == 700 ? long_[0] : i == 900 ? long_[1] : std::to_string(i)});
   trial.finish();
 
   Recordset rows;
@@ -194,7 +197,8 @@ TEST_F(InventoryContract, TextLongerThanItsColumnIsReadWithComesWhole) {
 
 TEST_F(InventoryContract, ReadsManyRowsWithOneStatement) {
   BulkInsert systems(connection, "System_Table", {"System_Name", "System_Type", "IP_Address"});
-  for (int i = 0; i < 5000; ++i) systems.add({"HOST" + std::to_string(i), i, i % 3 == 0 ? Value() : Value("10.0.0.1")});
+  for (int i = 0; i < 5000; ++i)
+    systems.add({"HOST" + std::to_string(i), i, i % 3 == 0 ? Value() : Value("10.0.0.1")});
   systems.finish();
   told.clear();
 

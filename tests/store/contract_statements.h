@@ -9,21 +9,22 @@ namespace varnhold::store {
 namespace st = statements;
 
 TEST_F(InventoryContract, RecordsChangesAndForgetsAnAgent) {
-  execute(st::fill(st::kAddVarnholdAgent,
-                   {{"name", "HOST1"}, {"module", 1}, {"path", "%Program Files%\\Varnhold\\"}, {"agentless", 0}}));
+  execute(st::fill(
+      st::kAddVarnholdAgent,
+      {{"name", "HOST1"}, {"module", 1}, {"path", "%Program Files%\\Varnhold\\"}, {"agentless", 0}}));
   execute(st::fill(st::kAddTessmarkAgent, {{"name", "HOST1"}, {"path", "C:\\T"}}));
-  EXPECT_EQ(tableOf("Module_Table", {"System_Name", "Module_ID", "Install_Directory", "Manual", "Agentless"}),
-            (Table{{"HOST1", "1", "%Program Files%\\Varnhold\\", "0", "0"}, {"HOST1", "2", "C:\\T", "0", "NULL"}}));
+  EXPECT_EQ(
+      tableOf("Module_Table", {"System_Name", "Module_ID", "Install_Directory", "Manual", "Agentless"}),
+      (Table{{"HOST1", "1", "%Program Files%\\Varnhold\\", "0", "0"}, {"HOST1", "2", "C:\\T", "0", "NULL"}}));
 
-  execute(st::fill(st::kChangeAgent, {{"name", "HOST1"}, {"module", 1}, {"path", "D:\\new"}, {"agentless", 0}}));
-  execute(st::fill(st::kSwitchVarnholdAgent, {{"name", "HOST1"},
-                                              {"module", 5},
-                                              {"a", 1},
-                                              {"b", 5},
-                                              {"path", "D:\\turbo"},
-                                              {"agentless", 0}}));
+  execute(
+      st::fill(st::kChangeAgent, {{"name", "HOST1"}, {"module", 1}, {"path", "D:\\new"}, {"agentless", 0}}));
+  execute(st::fill(
+      st::kSwitchVarnholdAgent,
+      {{"name", "HOST1"}, {"module", 5}, {"a", 1}, {"b", 5}, {"path", "D:\\turbo"}, {"agentless", 0}}));
   execute(st::fill(st::kChangeTessmarkAgent, {{"name", "HOST1"}, {"path", "D:\\T"}}));
-  EXPECT_EQ(tableOf("Module_Table", {"Module_ID", "Install_Directory"}), (Table{{"2", "D:\\T"}, {"5", "D:\\turbo"}}));
+  EXPECT_EQ(tableOf("Module_Table", {"Module_ID", "Install_Directory"}),
+            (Table{{"2", "D:\\T"}, {"5", "D:\\turbo"}}));
 
   execute(st::fill(st::kForgetVarnholdAgent, {{"name", "HOST1"}}));
   EXPECT_EQ(tableOf("Module_Table", {"Module_ID"}), (Table{{"2"}}));
@@ -98,7 +99,9 @@ TEST_F(InventoryContract, ANameWithAnApostropheBreaksTheStatement) {
   EXPECT_EQ(raised.number, kStatementRefused);
   EXPECT_NE(raised.description.find("SQLSTATE"), std::string::npos) << raised.description;
   EXPECT_EQ(raised.description.find('\n'), std::string::npos) << raised.description;
-  EXPECT_EQ(raisedBy([&] { execute(st::fill(st::kRemoveComputer, {{"name", "O'BR?EN?"}})); }).number,
+  EXPECT_EQ(raisedBy([&] {
+              execute(st::fill(st::kRemoveComputer, {{"name", "O'BR?EN?"}}));
+            }).number,
             kStatementRefused);
   Recordset rows;
   rows.Open("System_Table", connection, CursorType::Static, LockType::ReadOnly);
@@ -120,7 +123,8 @@ TEST_F(InventoryContract, WhatIsNoSqlOrNamesNoTableIsRefused) {
 TEST_F(InventoryContract, NamesWithMarksThatOdbcKnowsStayAsTheyAre) {
   for (const char* name : {"a?b", "{fn now()}", "a%b_c", "a\"b", "[a]", "a--b", "C:\\", "a;b"}) {
     addSystem(name);
-    EXPECT_EQ(tableOf("SELECT * FROM System_Table WHERE System_Name = '" + std::string(name) + "'", {"System_Name"}),
+    EXPECT_EQ(tableOf("SELECT * FROM System_Table WHERE System_Name = '" + std::string(name) + "'",
+                      {"System_Name"}),
               (Table{{name}}));
   }
 }
@@ -175,8 +179,9 @@ TEST_F(InventoryContract, WhatIsClosedRaisesObjectClosed) {
   EXPECT_EQ(raisedBy([&] { rows.Requery(); }).number, kObjectClosed);
   EXPECT_EQ(raisedBy([&] { (void)unopened.Bof(); }).number, kObjectClosed);
   EXPECT_EQ(raisedBy([&] { execute("DELETE FROM System_Table"); }).number, kObjectClosed);
-  EXPECT_EQ(raisedBy([&] { rows.Open("System_Table", connection, CursorType::Static, LockType::ReadOnly); }).number,
-            kObjectClosed);
+  EXPECT_EQ(
+      raisedBy([&] { rows.Open("System_Table", connection, CursorType::Static, LockType::ReadOnly); }).number,
+      kObjectClosed);
   EXPECT_EQ(raisedBy([] { Command().Execute(); }).number, kObjectClosed);
   connection.Open("inventory", "", "");
   EXPECT_EQ(raisedBy([&] { (void)rows.Eof(); }).number, kObjectClosed);
@@ -216,8 +221,9 @@ TEST_F(InventoryContract, ATransactionIsDoneAsAWholeOrNotAtAll) {
     if (committed) transaction.commit();
   }
   EXPECT_EQ(tableOf("System_Table", {"System_Name"}).size(), 1200u);
-  EXPECT_EQ(tableOf("SELECT * FROM System_Table WHERE System_Name = 'O''HOST1199'", {"System_Type", "IP_Address"}),
-            (Table{{"1199", "NULL"}}));
+  EXPECT_EQ(
+      tableOf("SELECT * FROM System_Table WHERE System_Name = 'O''HOST1199'", {"System_Type", "IP_Address"}),
+      (Table{{"1199", "NULL"}}));
 }
 
 }  // namespace varnhold::store

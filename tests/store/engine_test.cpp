@@ -16,12 +16,14 @@ TEST(Engine, IsKnownByTheNameThatItsDriverGives) {
 }
 
 constexpr std::string_view kBrackets =
-    "SELECT DISTINCT *  FROM System_Group WHERE (System_Group.System_Name=[System_Table].[System_Name]) AND G = 'a[b]'";
+    "SELECT DISTINCT *  FROM System_Group WHERE (System_Group.System_Name=[System_Table].[System_Name]) AND "
+    "G = 'a[b]'";
 
 TEST(Dialect, DropsSquareBracketsForEnginesThatDoNotKnowThem) {
   for (const Engine engine : {Engine::PostgreSql, Engine::MariaDb}) {
     EXPECT_EQ(inDialectOf(engine, kBrackets),
-              "SELECT DISTINCT *  FROM System_Group WHERE (System_Group.System_Name=System_Table.System_Name) AND G = "
+              "SELECT DISTINCT *  FROM System_Group WHERE "
+              "(System_Group.System_Name=System_Table.System_Name) AND G = "
               "'a[b]'");
   }
 }
@@ -33,22 +35,26 @@ TEST(Dialect, LeavesSquareBracketsToEnginesThatKnowThem) {
 }
 
 TEST(Dialect, LeavesQuotedTextUntouched) {
-  for (const char* text : {"SELECT '[a]', \"[b]\"", "SELECT 'it''s [a]'", "SELECT '[never closed", "", "'", "\"['\"",
-                           "SELECT '\"[a]'"}) {
+  for (const char* text : {"SELECT '[a]', \"[b]\"", "SELECT 'it''s [a]'", "SELECT '[never closed", "", "'",
+                           "\"['\"", "SELECT '\"[a]'"}) {
     EXPECT_EQ(inDialectOf(Engine::PostgreSql, text), text);
   }
   EXPECT_EQ(inDialectOf(Engine::PostgreSql, "'['[a]']'"), "'['a']'");
 }
 
 TEST(Dialect, NamesOneRowInEachEnginesWords) {
-  const auto update = [](Engine engine) { return oneRowStatement(engine, "UPDATE", "T", "\"A\" = ?", "\"B\" = ?"); };
+  const auto update = [](Engine engine) {
+    return oneRowStatement(engine, "UPDATE", "T", "\"A\" = ?", "\"B\" = ?");
+  };
   const auto remove = [](Engine engine) { return oneRowStatement(engine, "DELETE", "T", "", "\"B\" = ?"); };
   EXPECT_EQ(update(Engine::Sqlite),
             "UPDATE T SET \"A\" = ? WHERE rowid = (SELECT rowid FROM T WHERE \"B\" = ? LIMIT 1)");
-  EXPECT_EQ(remove(Engine::Sqlite), "DELETE FROM T WHERE rowid = (SELECT rowid FROM T WHERE \"B\" = ? LIMIT 1)");
+  EXPECT_EQ(remove(Engine::Sqlite),
+            "DELETE FROM T WHERE rowid = (SELECT rowid FROM T WHERE \"B\" = ? LIMIT 1)");
   EXPECT_EQ(update(Engine::PostgreSql),
             "UPDATE T SET \"A\" = ? WHERE ctid = (SELECT ctid FROM T WHERE \"B\" = ? LIMIT 1)");
-  EXPECT_EQ(remove(Engine::PostgreSql), "DELETE FROM T WHERE ctid = (SELECT ctid FROM T WHERE \"B\" = ? LIMIT 1)");
+  EXPECT_EQ(remove(Engine::PostgreSql),
+            "DELETE FROM T WHERE ctid = (SELECT ctid FROM T WHERE \"B\" = ? LIMIT 1)");
   EXPECT_EQ(update(Engine::MariaDb), "UPDATE T SET \"A\" = ? WHERE \"B\" = ? LIMIT 1");
   EXPECT_EQ(remove(Engine::MariaDb), "DELETE FROM T WHERE \"B\" = ? LIMIT 1");
   EXPECT_EQ(update(Engine::SqlServer), "UPDATE TOP (1) T SET \"A\" = ? WHERE \"B\" = ?");

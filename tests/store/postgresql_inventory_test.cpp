@@ -5,11 +5,13 @@
 namespace varnhold::store {
 
 const EngineUnderTest kEngineUnderTest{Engine::PostgreSql, VARNHOLD_STORE_LETTERS};
-const ServerUnderTest kServerUnderTest{"SELECT pg_backend_pid() AS Session_Number", "SELECT pg_terminate_backend({number})"};
+const ServerUnderTest kServerUnderTest{"SELECT pg_backend_pid() AS Session_Number",
+                                       "SELECT pg_terminate_backend({number})"};
 
 namespace {
 
-/// PostgreSQL with SQL Server's catalogue in small, so that the query for the foreign key and what follows run.
+/// PostgreSQL with SQL Server's catalogue in small, so that the query for the foreign key and what follows
+/// run.
 class ComputerForeignKey : public InventoryContract {
  protected:
   void SetUp() override {
@@ -27,7 +29,8 @@ class ComputerForeignKey : public InventoryContract {
              "'SELECT CASE $1 WHEN ''dbo.Events_Table'' THEN 7 END'",
              "INSERT INTO standin.syscolumns VALUES (7, 1, 'Other'), (7, 2, 'Computer')",
              "SET search_path TO public, standin",
-             "ALTER TABLE Events_Table ADD CONSTRAINT Events_Computer FOREIGN KEY (Computer) REFERENCES System_Table "
+             "ALTER TABLE Events_Table ADD CONSTRAINT Events_Computer FOREIGN KEY (Computer) REFERENCES "
+             "System_Table "
              "(System_Name)",
          }) {
       execute(statement);

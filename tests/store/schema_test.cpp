@@ -17,8 +17,9 @@ using testing::Not;
 constexpr Engine kEngines[] = {Engine::Sqlite, Engine::SqlServer, Engine::PostgreSql, Engine::MariaDb};
 
 TEST(Schema, AFileIsReadAsStatements) {
-  EXPECT_EQ(schemaStatements("-- why\n\nCREATE TABLE A (\n  B INT\n);\r\n\nCREATE INDEX C ON A (B);\nDROP TABLE A"),
-            (std::vector<std::string>{"CREATE TABLE A (\n  B INT\n)", "CREATE INDEX C ON A (B)", "DROP TABLE A"}));
+  EXPECT_EQ(
+      schemaStatements("-- why\n\nCREATE TABLE A (\n  B INT\n);\r\n\nCREATE INDEX C ON A (B);\nDROP TABLE A"),
+      (std::vector<std::string>{"CREATE TABLE A (\n  B INT\n)", "CREATE INDEX C ON A (B)", "DROP TABLE A"}));
   EXPECT_TRUE(schemaStatements("").empty());
   EXPECT_TRUE(schemaStatements("-- nothing;\n\n").empty());
 }
@@ -67,7 +68,8 @@ TEST(Schema, EveryEngineHasTheDocumentedColumns) {
     std::size_t table = 0;
     for (const std::string& statement : schemaStatements(schemaText(engine))) {
       if (!statement.starts_with("CREATE TABLE")) continue;
-      for (const std::string& column : columns[table]) EXPECT_THAT(statement, HasSubstr("\n  " + column + " "));
+      for (const std::string& column : columns[table])
+        EXPECT_THAT(statement, HasSubstr("\n  " + column + " "));
       ++table;
     }
     EXPECT_EQ(table, columns.size());
@@ -77,8 +79,8 @@ TEST(Schema, EveryEngineHasTheDocumentedColumns) {
 TEST(Schema, OnlyKeysMayNotBeNull) {
   for (const Engine engine : kEngines) {
     const std::string text(schemaText(engine));
-    for (const char* column : {"Agentless", "Port", "SystemType", "IP_Address", "System_Description", "IP_Subnet",
-                               "Domain", "Description", "Computer"}) {
+    for (const char* column : {"Agentless", "Port", "SystemType", "IP_Address", "System_Description",
+                               "IP_Subnet", "Domain", "Description", "Computer"}) {
       const auto at = text.find("\n  " + std::string(column) + " ");
       ASSERT_NE(at, std::string::npos);
       EXPECT_THAT(text.substr(at, text.find('\n', at + 1) - at), Not(HasSubstr("NOT NULL")));
@@ -89,7 +91,8 @@ TEST(Schema, OnlyKeysMayNotBeNull) {
 TEST(Schema, NamesCompareExactlyOnEveryEngine) {
   EXPECT_THAT(std::string(schemaText(Engine::SqlServer)),
               HasSubstr("System_Name NVARCHAR(256) COLLATE Latin1_General_100_BIN2 NOT NULL"));
-  EXPECT_THAT(std::string(schemaText(Engine::PostgreSql)), HasSubstr("System_Name VARCHAR(256) COLLATE \"C\" NOT NULL"));
+  EXPECT_THAT(std::string(schemaText(Engine::PostgreSql)),
+              HasSubstr("System_Name VARCHAR(256) COLLATE \"C\" NOT NULL"));
   EXPECT_THAT(std::string(schemaText(Engine::MariaDb)), HasSubstr("COLLATE utf8mb4_nopad_bin"));
   EXPECT_THAT(std::string(schemaText(Engine::Sqlite)), Not(HasSubstr("NOCASE")));
 }

@@ -10,12 +10,12 @@
 
 namespace varnhold::store {
 
-/// The folder of this program's databases. The driver manager wants paths as its own system writes them, so that the
-/// text that the build gives is what goes into odbc.ini.
+/// The folder of this program's databases. The driver manager wants paths as its own system writes them, so
+/// that the text that the build gives is what goes into odbc.ini.
 inline const std::string kFolder = VARNHOLD_STORE_FOLDER;
 
-/// Makes a new folder with the odbc.ini that ODBCINI names and the data sources of these tests, each as what sets a
-/// home up would make it.
+/// Makes a new folder with the odbc.ini that ODBCINI names and the data sources of these tests, each as what
+/// sets a home up would make it.
 class SqliteDataSources : public testing::Environment {
  public:
   void SetUp() override {

@@ -1,7 +1,7 @@
 // A second process at work on the inventory, for the tests:
-//   store_worker write PREFIX COUNT   adds COUNT agents, reads each back, changes every third; 0 when all went well
-//   store_worker record PREFIX        adds agents until it is killed, and prints each name once its row is written
-//   store_worker add NAME             adds one agent
+//   store_worker write PREFIX COUNT   adds COUNT agents, reads each back, changes every third; 0 when all
+//   went well store_worker record PREFIX        adds agents until it is killed, and prints each name once its
+//   row is written store_worker add NAME             adds one agent
 // An error goes to standard output, and the exit status is 1.
 #include <cstdlib>
 #include <iostream>
@@ -26,7 +26,8 @@ class Worker {
   }
 
   void add(const std::string& name) {
-    execute(st::fill(st::kAddVarnholdAgent, {{"name", name}, {"module", 1}, {"path", "C:\\A"}, {"agentless", 0}}));
+    execute(st::fill(st::kAddVarnholdAgent,
+                     {{"name", name}, {"module", 1}, {"path", "C:\\A"}, {"agentless", 0}}));
   }
 
   void write(const std::string& prefix, int count) {
@@ -34,7 +35,8 @@ class Worker {
       const std::string name = prefix + std::to_string(i);
       add(name);
       if (i % 3 == 0) {
-        execute(st::fill(st::kChangeAgent, {{"name", name}, {"module", 1}, {"path", "D:\\A"}, {"agentless", 0}}));
+        execute(
+            st::fill(st::kChangeAgent, {{"name", name}, {"module", 1}, {"path", "D:\\A"}, {"agentless", 0}}));
       }
       requireRow(name, i % 3 == 0 ? "D:\\A" : "C:\\A");
     }

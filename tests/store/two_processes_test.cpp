@@ -159,7 +159,8 @@ constexpr auto kReadable = fs::perms::owner_read | fs::perms::group_read | fs::p
 
 TEST_F(TwoProcesses, AReadOnlyDatabaseIsToldAsSuch) {
   connection.Close();
-  fs::permissions(kFolder + "/odbc.ini", fs::perms::others_write | fs::perms::others_read, fs::perm_options::add);
+  fs::permissions(kFolder + "/odbc.ini", fs::perms::others_write | fs::perms::others_read,
+                  fs::perm_options::add);
   fs::permissions(kFolder + "/qrvdbv3.mdb", kReadable);
   fs::permissions(kFolder, kReadable | fs::perms::owner_exec | fs::perms::others_exec);
   Worker worker({"add", "X"}, asSomebodyElse());
@@ -178,7 +179,8 @@ TEST_F(TwoProcesses, SettingsThatTheDriverManagerCannotReadAreNoEmptyInventory) 
   EXPECT_EQ(worker.wait(), 1);
   fs::permissions(kFolder + "/odbc.ini", fs::perms::owner_write, fs::perm_options::add);
   EXPECT_EQ(worker.text().substr(0, 12), std::to_string(kDatabaseFailed) + " ");
-  EXPECT_NE(worker.text().find("odbc.ini must be writable for this user"), std::string::npos) << worker.text();
+  EXPECT_NE(worker.text().find("odbc.ini must be writable for this user"), std::string::npos)
+      << worker.text();
 }
 
 }  // namespace

@@ -32,7 +32,8 @@ TEST(Value, ReadsTextAsAWholeNumber) {
   EXPECT_EQ(Value(" -7 ").asInteger(), -7);
   EXPECT_EQ(Value("2.5").asInteger(), 2);
   EXPECT_EQ(Value("3.5").asInteger(), 4);
-  for (const char* text : {"", " ", "x", "4x", "1e400", "nan"}) EXPECT_EQ(errorOf(text), kTypeMismatch) << text;
+  for (const char* text : {"", " ", "x", "4x", "1e400", "nan"})
+    EXPECT_EQ(errorOf(text), kTypeMismatch) << text;
 }
 
 TEST(Value, RoundsANumberToTheNearestWholeOneHalvesToTheEven) {

@@ -176,6 +176,32 @@ TEST_F(ProvisionRefusal, ARunKilledAtAnyMomentLeavesWhatTheNextRunMakesWhole) {
   EXPECT_GT(killed, 0);
 }
 
+/// Runs varnhold-provision for `disk/home` on a file system of its own, mounted with `options`; standard
+/// error, the exit status and what then stands in the home. Empty where no file system can be mounted.
+std::string runOnDisk(const fs::path& folder, const std::string& options) {
+  writeFile(folder / "run.sh",
+            "cd \"$1\" && mkdir -p disk && mount -t tmpfs -o \"$3\" disk disk || exit\n"
+            "\"$2\" --home disk/home 2>&1 >/dev/null; echo status $?; ls disk/home 2>/dev/null\n");
+  const auto command = "env -u ODBCINI unshare -rm sh '" + (folder / "run.sh").string() + "' '" +
+                       folder.string() + "' '" VARNHOLD_PROVISION "' " + options + " >'" +
+                       (folder / "said").string() + "' 2>/dev/null";
+  return std::system(command.c_str()) == -1 ? std::string() : contentOf(folder / "said");
+}
+
+TEST_F(ProvisionRefusal, AFullDiskIsToldAndWhatWasMadeIsRemoved) {
+  const auto said = runOnDisk(folder, "size=100k");
+  if (said.empty()) GTEST_SKIP() << "no file system can be mounted here";
+  EXPECT_THAT(said, HasSubstr("varnhold-provision: Cannot write '"));
+  EXPECT_THAT(said, HasSubstr("No space left on device.\nstatus 1\nodbc.ini\n"));
+}
+
+TEST_F(ProvisionRefusal, AReadOnlyDiskIsTold) {
+  const auto said = runOnDisk(folder, "ro");
+  if (said.empty()) GTEST_SKIP() << "no file system can be mounted here";
+  EXPECT_THAT(said, HasSubstr("varnhold-provision: Cannot make the folder '"));
+  EXPECT_THAT(said, HasSubstr("Read-only file system.\nstatus 1\n"));
+}
+
 TEST_F(ProvisionRefusal, OfTwoRunsAtATimeOneMakesTheHomeAndNoneHarmsIt) {
   const auto home = folder / "home";
   writeFile(folder / "both.sh",

@@ -1,14 +1,18 @@
 #include "ui/controls/control.h"
 
+#include <utility>
+
 #include "base/runtime_error.h"
 #include "ui/controls/form.h"
 #include "ui/controls/screen.h"
 
 namespace varnhold::ui {
 
-Control::~Control() {
-  if (view_ != nullptr) view_->released();
+ControlView::~ControlView() {
+  if (control_ != nullptr) control_->view_ = nullptr;
 }
+
+Control::~Control() { releaseView(); }
 
 void Control::SetFocus() {
   if (form_ == nullptr || !takesFocus() || !isShown() || !form_->Visible()) {
@@ -36,10 +40,6 @@ void Control::userFocus() {
 }
 
 void Control::userMnemonic() { userFocus(); }
-
-void Control::detach(const ControlView& view) {
-  if (view_ == &view) view_ = nullptr;
-}
 
 void Control::restoreDesign() {
   Component::restoreDesign();
@@ -73,7 +73,17 @@ void Control::actWithoutFocus(const std::function<void()>& deed) {
   }
 }
 
-void Control::attachView(ControlView& view) { view_ = &view; }
+void Control::attachView(ControlView& view) {
+  releaseView();
+  view_ = &view;
+  view.control_ = this;
+}
+
+void Control::releaseView() {
+  if (view_ == nullptr) return;
+  view_->control_ = nullptr;
+  std::exchange(view_, nullptr)->released();
+}
 
 void Control::syncView() {
   if (view_ != nullptr) view_->sync();

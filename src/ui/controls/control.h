@@ -9,14 +9,18 @@
 
 namespace varnhold::ui {
 
+class Control;
 class Form;
 
-/// What a toolkit's widget is to the control that it shows. The view lives in the toolkit and attaches itself to the
-/// control; a control without a view works just as well. Views are called on the main thread, often inside a handler:
-/// they must not run handlers and must not call back into a `user...` method from here.
+/// What a toolkit's widget is to the control that it shows. The view lives in the toolkit and is attached to the
+/// control until one of the two is destroyed; a control without a view works just as well. Views are called on the main
+/// thread, often inside a handler: they must not run handlers and must not call back into a `user...` method from here.
 class ControlView {
  public:
-  virtual ~ControlView() = default;
+  ControlView() = default;
+  ControlView(const ControlView&) = delete;
+  ControlView& operator=(const ControlView&) = delete;
+  virtual ~ControlView();
 
   /// A value of the control has changed: re-read them all and show what differs. May come many times in a row.
   virtual void sync() = 0;
@@ -24,8 +28,13 @@ class ControlView {
   virtual void takeFocus() {}
   /// Bring the widget in front of those that share its place.
   virtual void toFront() {}
-  /// The control is going away: never touch it again.
-  virtual void released() = 0;
+  /// The control has gone away, or has got another view: don't touch it again.
+  virtual void released() {}
+
+ private:
+  friend class Control;
+
+  Control* control_ = nullptr;
 };
 
 /// What all controls have in common. A control belongs to one form, which it is a member of. Main thread.
@@ -77,9 +86,6 @@ class Control : public Component {
   /// The user pressed the control's mnemonic. For a label, the focus goes to the next control.
   virtual void userMnemonic();
 
-  /// Takes the view away, unless another one has been attached since.
-  void detach(const ControlView& view);
-
   /// Called when the form was loaded, and after it was unloaded.
   virtual void formStateChanged() {}
 
@@ -101,8 +107,10 @@ class Control : public Component {
   void syncView();
 
  private:
+  friend class ControlView;
   friend class Form;
 
+  void releaseView();
   [[nodiscard]] bool isShown() const;
 
   std::string name_;
@@ -116,7 +124,7 @@ template <class View>
 class Viewed : public Control {
  public:
   /// From now on `view` shows the control. It reads all values by itself at once; the control calls `sync` only at the
-  /// next change. An earlier view is forgotten.
+  /// next change. An earlier view is released.
   void attach(View& view) { attachView(view); }
 
  protected:

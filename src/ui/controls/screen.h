@@ -53,6 +53,8 @@ class Screen : public platform::Ui, public Component {
   /// Unwinds the handlers when the program has ended meanwhile.
   void stopIfEnded() const { dispatcher_.stopIfEnded(); }
   [[nodiscard]] bool hasEnded() const { return dispatcher_.hasEnded(); }
+  /// True when a run-time error has ended the program.
+  [[nodiscard]] bool hasFailed() const { return dispatcher_.hasFailed(); }
 
   [[nodiscard]] FormStack& forms() { return forms_; }
   [[nodiscard]] Toolkit& toolkit() { return toolkit_; }

@@ -47,7 +47,7 @@ struct Size {
   int width = 0, height = 0;
 };
 
-/// A form's window. It makes the views of the form's controls and attaches them; its destructor detaches them. The form
+/// A form's window. It makes the views of the form's controls and attaches them; its destructor destroys them. The form
 /// stack calls it; it answers with nothing but the form's `user...` methods, from the event loop.
 class FormWindow {
  public:

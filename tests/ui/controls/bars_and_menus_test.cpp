@@ -15,7 +15,6 @@ class SyncCounter : public ControlView {
  public:
   int count = 0;
   void sync() override { ++count; }
-  void released() override {}
 };
 
 TEST(StatusBar, CountsPanelsFromOneAndTellsItsView) {

@@ -22,7 +22,6 @@ class RecordingView : public ItemBoxView {
  public:
   std::vector<std::string> told;
   void sync() override { told.push_back("sync"); }
-  void released() override {}
   void itemsChanged() override { told.push_back("items"); }
   void scrollTo(int index) override { told.push_back("scroll " + std::to_string(index)); }
   int textWidth(std::string_view text) const override { return 7 * static_cast<int>(text.size()); }

@@ -183,7 +183,6 @@ class FocusView : public ControlView {
   int focused = 0;
   void sync() override {}
   void takeFocus() override { ++focused; }
-  void released() override {}
 };
 
 TEST_F(Keyboard, TellsTheViewToTakeTheFocus) {

@@ -29,7 +29,6 @@ class RecordingView : public ListControlView {
  public:
   std::vector<std::string> told;
   void sync() override { told.push_back("sync"); }
-  void released() override {}
   void rowsChanged() override { told.push_back("rows"); }
   void rowChanged(const ListItem& row) override { told.push_back("row " + row.Text); }
   void columnsChanged() override { told.push_back("columns"); }

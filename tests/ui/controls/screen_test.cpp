@@ -98,6 +98,7 @@ TEST_F(ScreenTest, TellsTheWorkArea) {
 }
 
 TEST_F(ScreenTest, ShowsARunTimeErrorThatLeavesAHandlerAndEndsTheProgram) {
+  ui.endsByRunTimeError = true;
   showMain();
   frmMain.cmdOK.Click = fail;
   frmMain.cmdOK.userClick();
@@ -106,6 +107,7 @@ TEST_F(ScreenTest, ShowsARunTimeErrorThatLeavesAHandlerAndEndsTheProgram) {
 }
 
 TEST_F(ScreenTest, ShowsAnyOtherExceptionAsError51) {
+  ui.endsByRunTimeError = true;
   showMain();
   frmMain.cmdOK.Click = [] { throw std::out_of_range("vector"); };
   frmMain.cmdOK.userClick();
@@ -126,6 +128,7 @@ TEST_F(ScreenTest, LeavesAnErrorToAHandlerThatHasOneOfItsOwn) {
 }
 
 TEST_F(ScreenTest, EndsTheProgramThoughTheCallerOfTheEventHasAHandler) {
+  ui.endsByRunTimeError = true;
   showMain();
   frmMain.txtName.Change = fail;
   frmMain.cmdOK.Click = [this] {
@@ -154,6 +157,7 @@ TEST_F(ScreenTest, LetsTheCallerHandleTheErrorOfAMethodThatItCalls) {
 }
 
 TEST_F(ScreenTest, UnwindsTheHandlersUnderAModalFormWhenAnErrorEndsTheProgram) {
+  ui.endsByRunTimeError = true;
   showMain();
   frmA.cmdOK.Click = fail;
   frmMain.cmdOK.Click = [this] {
@@ -170,6 +174,7 @@ TEST_F(ScreenTest, UnwindsTheHandlersUnderAModalFormWhenAnErrorEndsTheProgram) {
 }
 
 TEST_F(ScreenTest, UnwindsAHandlerThatPumpsEventsWhenAnErrorEndsTheProgram) {
+  ui.endsByRunTimeError = true;
   showMain();
   frmMain.cmdCancel.Click = fail;
   frmMain.cmdOK.Click = [this] {
@@ -185,6 +190,7 @@ TEST_F(ScreenTest, EndsTheProgramOnAnErrorInEachEventOfAFormsLife) {
   for (const auto* event : {"Load", "Activate", "QueryUnload", "Unload"}) {
     fakes::Journal own;
     fakes::ScriptedUi other(own);
+    other.endsByRunTimeError = true;
     RecordingForm form(other, own, "frmX");
     const std::string name = event;
     if (name == "Load") form.onLoad = fail;
@@ -202,6 +208,7 @@ TEST_F(ScreenTest, EndsTheProgramOnAnErrorInEachEventOfAFormsLife) {
 }
 
 TEST_F(ScreenTest, RunsNothingMoreOnceTheProgramHasEnded) {
+  ui.endsByRunTimeError = true;
   showMain();
   frmMain.cmdOK.Click = fail;
   frmMain.cmdCancel.Click = [this] { journal.push_back("never reached"); };
@@ -264,6 +271,7 @@ TEST_F(ScreenTest, LeavesHiddenFormsWithoutAnEventWhenTheProgramEnds) {
 }
 
 TEST_F(ScreenTest, GivesExitStatusOneWhenARunTimeErrorEndedTheRun) {
+  ui.endsByRunTimeError = true;
   EXPECT_EQ(ui.screen.run(fail), 1);
   EXPECT_THAT(journal, ElementsAre(kReported));
 }

@@ -20,14 +20,7 @@ class ScriptedUiTest : public testing::Test {
 
 TEST_F(ScriptedUiTest, FailsAModalFormWithoutAScriptAndClosesIt) {
   RecordingForm form(*ui, journal, "frmA");
-  testing::TestPartResultArray failures;
-  {
-    testing::ScopedFakeTestPartResultReporter reporter(&failures);
-    form.ShowModal();
-  }
-  ASSERT_EQ(failures.size(), 2);
-  EXPECT_STREQ(failures.GetTestPartResult(0).message(),
-               "Failed\nnobody answers: no script for the modal form frmA\n");
+  EXPECT_NONFATAL_FAILURE(form.ShowModal(), "nobody answers: no script for the modal form frmA");
   EXPECT_FALSE(form.Visible());
 }
 
@@ -72,6 +65,15 @@ TEST_F(ScriptedUiTest, FailsWhatNobodyAskedFor) {
   ui = std::make_unique<fakes::ScriptedUi>(journal);
   ui->nextPopUp("mnuX");
   EXPECT_NONFATAL_FAILURE(ui.reset(), "no pop-up menu to choose from: mnuX");
+}
+
+TEST_F(ScriptedUiTest, FailsARunTimeErrorThatTheTestHasNotForeseen) {
+  const auto error = [] { throw RuntimeError(91, "There is no selected row."); };
+  ui->screen.dispatch(error);
+  EXPECT_NONFATAL_FAILURE(ui.reset(), "whether a run-time error has ended the program");
+  ui = std::make_unique<fakes::ScriptedUi>(journal);
+  ui->endsByRunTimeError = true;
+  EXPECT_NONFATAL_FAILURE(ui.reset(), "whether a run-time error has ended the program");
 }
 
 class PopUpForm : public Form {

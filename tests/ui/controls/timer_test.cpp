@@ -110,6 +110,7 @@ TEST_F(TimerTest, DropsATickThatWasUnderWayWhenItWasTurnedOff) {
 }
 
 TEST_F(TimerTest, EndsTheProgramOnARunTimeErrorInItsTick) {
+  ui.endsByRunTimeError = true;
   form.Load();
   form.tmrOne.Tick = [] { throw RuntimeError(5, "Invalid."); };
   ui.advance(3000);

@@ -15,7 +15,6 @@ class RecordingView : public TreeControlView {
  public:
   std::vector<std::string> told;
   void sync() override { told.push_back("sync"); }
-  void released() override {}
   void nodeAdded(const TreeNode& node) override { told.push_back("added " + node.Text); }
   void nodesCleared() override { told.push_back("cleared"); }
   void nodeChanged(const TreeNode& node) override { told.push_back("changed " + node.Text); }

@@ -16,15 +16,14 @@ inline constexpr std::string_view kSqliteDriver = "SQLite3";
 
 /// How the SQLite driver opens the embedded default store. Two processes have it open at once, this program
 /// and the closed library in another connection:
-/// - Timeout: a writer waits that many milliseconds for another to finish before it gives up with "locked";
-/// - JournalMode WAL: a reader never waits for a writer nor a writer for readers, and a process that is
-/// killed
-///   leaves a file that the next opener recovers, with every committed row;
+/// - Timeout: the milliseconds that a writer waits for another before it gives up with "locked";
+/// - JournalMode WAL: readers and a writer never wait for each other, and a process that is killed leaves a
+///   file that the next opener recovers, with every committed row;
 /// - SyncPragma NORMAL: with WAL, a power cut may cost the last commits but never the database, and a commit
-/// need
-///   not wait for the disk;
+///   need not wait for the disk;
 /// - NoCreat: a wrong path is an error, not an empty inventory. What sets a home up makes the empty file;
-/// - BigInt, LongNames: numbers and column names come as they are.
+/// - StepAPI off: a result is read at once, so that no read is open while the next statement runs;
+/// - BigInt: whole numbers come with all their digits.
 inline constexpr std::array<std::pair<std::string_view, std::string_view>, 6> kSqliteSettings{{
     {"Timeout", "20000"},
     {"JournalMode", "WAL"},

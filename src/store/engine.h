@@ -20,6 +20,7 @@ enum class Engine { Sqlite, SqlServer, PostgreSql, MariaDb, Other };
 
 /// The statement that changes or deletes one row, and one only, of those for which `condition` holds.
 /// `action` is "DELETE" or "UPDATE"; `assignments` is the text behind SET, empty for DELETE.
+/// For `Other` it is all of them, since there is no common word for one.
 [[nodiscard]] std::string oneRowStatement(Engine engine, std::string_view action, const std::string& table,
                                           const std::string& assignments, const std::string& condition);
 

@@ -17,6 +17,9 @@ struct ProcessResult {
                                        const std::map<std::string, std::string>& environment,
                                        const std::string& errorFile);
 
+/// Takes away what an earlier run left outside the home: on Windows the product's keys in the registry.
+void forgetMachineState();
+
 /// The name of this computer as the program sees it.
 [[nodiscard]] std::string computerName();
 

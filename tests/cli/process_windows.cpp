@@ -34,6 +34,11 @@ std::string driverManagerPath(const std::string& path) {
   return unixPath;
 }
 
+void forgetMachineState() {
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Kelmont Works");
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\ODBC\\ODBC.INI");
+}
+
 std::string computerName() {
   wchar_t name[256] = {};
   DWORD size = 256;

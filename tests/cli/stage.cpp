@@ -60,6 +60,7 @@ fs::path stageFolder() {
 
 Stage::Stage() : home_(stageFolder() / "the home") {
   fs::remove_all(home_);
+  forgetMachineState();
   fs::create_directories(stageFolder());
   const auto provision = textOf(kBin / ("varnhold-provision" + std::string(kProgramSuffix)));
   writeBytes(stageFolder() / "odbc.ini",

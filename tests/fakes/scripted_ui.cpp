@@ -11,11 +11,16 @@ namespace {
 
 const char* nameOf(ui::BoxIcon icon) {
   switch (icon) {
-    case ui::BoxIcon::Information: return "information";
-    case ui::BoxIcon::Exclamation: return "exclamation";
-    case ui::BoxIcon::Critical: return "critical";
-    case ui::BoxIcon::Question: return "question";
-    case ui::BoxIcon::None: break;
+    case ui::BoxIcon::Information:
+      return "information";
+    case ui::BoxIcon::Exclamation:
+      return "exclamation";
+    case ui::BoxIcon::Critical:
+      return "critical";
+    case ui::BoxIcon::Question:
+      return "question";
+    case ui::BoxIcon::None:
+      break;
   }
   return "plain";
 }
@@ -48,7 +53,8 @@ class ScriptedUi::Window : public ui::FormWindow {
   void runModal() override {
     const bool hadScript = toolkit_.runScript(form_);
     if (ended_) return;
-    if (hadScript) ADD_FAILURE() << "the user leaves " << form_.Name() << " open: the program would wait for ever";
+    if (hadScript)
+      ADD_FAILURE() << "the user leaves " << form_.Name() << " open: the program would wait for ever";
     form_.Hide();
   }
   void endModal() override { ended_ = true; }

@@ -15,21 +15,21 @@
 
 namespace varnhold::fakes {
 
-/// A toolkit without a window: a test writes down beforehand what the user will do, and reads in the journal what was
-/// shown. Build it before any form; forms get its `screen`.
+/// A toolkit without a window: a test writes down beforehand what the user will do, and reads in the journal
+/// what was shown. Build it before any form; forms get its `screen`.
 ///
 /// Journal lines:
-///   `MessageBox exclamation: <text>`; with Yes and No, `MessageBox question: <text> -> No`; with a title of its own,
-///   `MessageBox critical "<title>": <text>`; the icon is `plain` where there is none, and a system modal box says
-///   `system modal` behind it
-///   `InputBox <prompt> -> <answer>`, `OpenFile <title>|<filter>|<file name> -> <path or cancelled>`
-///   `Show frmWait`, `Show modal frmLogin`, `Close frmLogin` (hidden or unloaded)
-///   `Pointer 11` (the screen's own, not that of a form or a control)
+///   `MessageBox exclamation: <text>`; with Yes and No, `MessageBox question: <text> -> No`; with a title of
+///   its own, `MessageBox critical "<title>": <text>`; the icon is `plain` where there is none, and a system
+///   modal box says `system modal` behind it `InputBox <prompt> -> <answer>`, `OpenFile
+///   <title>|<filter>|<file name> -> <path or cancelled>` `Show frmWait`, `Show modal frmLogin`, `Close
+///   frmLogin` (hidden or unloaded) `Pointer 11` (the screen's own, not that of a form or a control)
 ///   `PopupMenu mnuPopUpList -> <chosen entry or nothing>`
 ///
-/// Whatever the program waits for and the test has not foreseen is a failure of the test: a modal form without a
-/// script, a script that leaves its form shown, a question, a prompt or a file dialog without an answer; and, at the
-/// end, a script or an answer that nobody asked for, and a run-time error that has ended the program.
+/// Whatever the program waits for and the test has not foreseen is a failure of the test: a modal form
+/// without a script, a script that leaves its form shown, a question, a prompt or a file dialog without an
+/// answer; and, at the end, a script or an answer that nobody asked for, and a run-time error that has ended
+/// the program.
 class ScriptedUi : public ui::Toolkit {
  public:
   /// What the user does on a form that was shown modally.
@@ -43,8 +43,8 @@ class ScriptedUi : public ui::Toolkit {
   /// The user interface that stands on this toolkit.
   ui::Screen screen;
 
-  /// The next form to be shown modally is `name`, and `script` runs on it; it must end with the form hidden or
-  /// unloaded. Scripts are used in the order in which they were given, nested forms included.
+  /// The next form to be shown modally is `name`, and `script` runs on it; it must end with the form hidden
+  /// or unloaded. Scripts are used in the order in which they were given, nested forms included.
   void nextModal(std::string name, Script script);
   /// The next question is answered so.
   void nextAnswer(ui::Answer answer) { answers_.push_back(answer); }
@@ -52,8 +52,8 @@ class ScriptedUi : public ui::Toolkit {
   void nextInput(std::string text) { inputs_.push_back(std::move(text)); }
   /// The next file dialog gives this path; nothing is a cancelled one.
   void nextFile(std::optional<std::string> path) { files_.push_back(std::move(path)); }
-  /// In the next pop-up menu the user chooses the entry of this name. It is a failure where the menu does not offer it
-  /// (not there, invisible or disabled). A pop-up menu without a choice is dismissed.
+  /// In the next pop-up menu the user chooses the entry of this name. It is a failure where the menu does not
+  /// offer it (not there, invisible or disabled). A pop-up menu without a choice is dismissed.
   void nextPopUp(std::string entry) { popUps_.push_back(std::move(entry)); }
 
   /// The test means the program to end by a run-time error; then it is a failure where it does not.

@@ -11,7 +11,9 @@ void checkValue(const int& value) {
 
 }  // namespace
 
-CheckBox::CheckBox(std::string caption) : CheckBox() { Caption.settle(std::move(caption)); }
+CheckBox::CheckBox(std::string caption) : CheckBox() {
+  Caption.settle(std::move(caption));
+}
 
 CheckBox::CheckBox() : Value(*this, 0, checkValue) {}
 

@@ -18,8 +18,8 @@ void raiseObjectNotSet(std::string_view what) {
 }
 
 void raiseInvalidValue(std::string_view property, std::string_view reason) {
-  throw RuntimeError(kInvalidPropertyValue,
-                     "Invalid property value for " + std::string(property) + ": " + std::string(reason) + ".");
+  throw RuntimeError(kInvalidPropertyValue, "Invalid property value for " + std::string(property) + ": " +
+                                                std::string(reason) + ".");
 }
 
 }  // namespace varnhold::ui

@@ -5,11 +5,17 @@
 
 namespace varnhold::ui {
 
-ColumnHeader::ColumnHeader(ListView& list, std::string text) : list_(list) { Text.settle(std::move(text)); }
+ColumnHeader::ColumnHeader(ListView& list, std::string text) : list_(list) {
+  Text.settle(std::move(text));
+}
 
-void ColumnHeader::changed(const PropertyBase&) { list_.columnsChanged(); }
+void ColumnHeader::changed(const PropertyBase&) {
+  list_.columnsChanged();
+}
 
-void ColumnHeader::runHandler(const std::function<void()>& handler) const { handler(); }
+void ColumnHeader::runHandler(const std::function<void()>& handler) const {
+  handler();
+}
 
 ColumnHeader& ColumnHeaders::Add(const std::string& text) {
   columns_.push_back(std::make_unique<ColumnHeader>(list_, text));

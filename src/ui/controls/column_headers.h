@@ -36,7 +36,8 @@ class ColumnHeaders {
   ColumnHeaders& operator=(const ColumnHeaders&) = delete;
 
   ColumnHeader& Add(const std::string& text);
-  /// Removes the head; the rows keep what they hold under it. Error 35600 for an index outside 1 to the count.
+  /// Removes the head; the rows keep what they hold under it. Error 35600 for an index outside 1 to the
+  /// count.
   void Remove(int index);
   [[nodiscard]] int Count() const { return static_cast<int>(columns_.size()); }
   /// Error 35600 for an index outside 1 to the count.

@@ -16,8 +16,8 @@ int ComboBox::findText(std::string_view text) const {
 
 void ComboBox::checkText(const std::string& text) const {
   if (Style == ComboStyle::DropDownCombo || findText(text) >= 0) return;
-  throw RuntimeError(kPropertyIsReadOnly,
-                     "'Text' property is read-only: \"" + text + "\" is no entry of the list " + Name() + ".");
+  throw RuntimeError(kPropertyIsReadOnly, "'Text' property is read-only: \"" + text +
+                                              "\" is no entry of the list " + Name() + ".");
 }
 
 void ComboBox::changed(const PropertyBase& property) {

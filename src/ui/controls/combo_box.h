@@ -8,16 +8,16 @@ namespace varnhold::ui {
 
 enum class ComboStyle { DropDownCombo = 0, DropDownList = 2 };
 
-/// A list that drops down. In the style `DropDownList` (what forms have unless they say otherwise) its text is always
-/// that of an entry; in the style `DropDownCombo` it can be typed freely.
+/// A list that drops down. In the style `DropDownList` (what forms have unless they say otherwise) its text
+/// is always that of an entry; in the style `DropDownCombo` it can be typed freely.
 class ComboBox : public ItemBox {
  public:
   ComboBox();
 
   Property<ComboStyle> Style{*this, ComboStyle::DropDownList};
-  /// `DropDownList`: the text of the current entry, or empty; set to the text of an entry (case ignored) it makes that
-  /// entry current and raises Click, and raises error 383 for any other text. `DropDownCombo`: any text; set by code it
-  /// raises Change, and no entry is current unless an entry has that very text.
+  /// `DropDownList`: the text of the current entry, or empty; set to the text of an entry (case ignored) it
+  /// makes that entry current and raises Click, and raises error 383 for any other text. `DropDownCombo`: any
+  /// text; set by code it raises Change, and no entry is current unless an entry has that very text.
   Property<std::string> Text;
 
   Event<> Change{*this};

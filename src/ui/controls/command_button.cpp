@@ -2,7 +2,9 @@
 
 namespace varnhold::ui {
 
-CommandButton::CommandButton(std::string caption) { Caption.settle(std::move(caption)); }
+CommandButton::CommandButton(std::string caption) {
+  Caption.settle(std::move(caption));
+}
 
 void CommandButton::userClick() {
   act([&] { Click.raise(); });

@@ -2,9 +2,13 @@
 
 namespace varnhold::ui {
 
-PropertyBase::PropertyBase(Component& owner) : owner_(owner) { owner.properties_.push_back(this); }
+PropertyBase::PropertyBase(Component& owner) : owner_(owner) {
+  owner.properties_.push_back(this);
+}
 
-void PropertyBase::tellOwner() const { owner_.changed(*this); }
+void PropertyBase::tellOwner() const {
+  owner_.changed(*this);
+}
 
 void Component::keepDesign() {
   for (auto* property : properties_) property->keepDesign();

@@ -27,8 +27,8 @@ class PropertyBase {
   Component& owner_;
 };
 
-/// Whatever holds properties and raises events: a control, a form, a panel of a status bar. It does not move, since its
-/// properties know it.
+/// Whatever holds properties and raises events: a control, a form, a panel of a status bar. It does not move,
+/// since its properties know it.
 class Component {
  public:
   Component() = default;

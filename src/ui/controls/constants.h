@@ -28,17 +28,17 @@ enum class SortOrder { Ascending = 0, Descending = 1 };
 
 /// Run-time errors that forms and controls raise, by the numbers of the product's platform.
 enum UiErrorNumber : std::int32_t {
-  kInternalError = 51,             ///< an exception that is no run-time error left a handler
-  kObjectNotSet = 91,              ///< nothing is there: no selected row, no node
-  kNoSuchArrayElement = 340,       ///< a control array has no such index
-  kInvalidPropertyValue = 380,     ///< a property refuses a value
-  kInvalidPropertyIndex = 381,     ///< a property with an index refuses the index
-  kPropertyIsReadOnly = 383,       ///< the text of a combo box that is no entry of its list
-  kFormAlreadyDisplayed = 400,     ///< a visible form can't be shown modally
-  kModalFormDisplayed = 401,       ///< a form can't be shown modeless under a modal one
-  kIndexOutOfBounds = 35600,       ///< a collection has no such index
-  kElementNotFound = 35601,        ///< a collection has no such key
-  kKeyNotUnique = 35602,           ///< a collection has that key already
+  kInternalError = 51,          ///< an exception that is no run-time error left a handler
+  kObjectNotSet = 91,           ///< nothing is there: no selected row, no node
+  kNoSuchArrayElement = 340,    ///< a control array has no such index
+  kInvalidPropertyValue = 380,  ///< a property refuses a value
+  kInvalidPropertyIndex = 381,  ///< a property with an index refuses the index
+  kPropertyIsReadOnly = 383,    ///< the text of a combo box that is no entry of its list
+  kFormAlreadyDisplayed = 400,  ///< a visible form can't be shown modally
+  kModalFormDisplayed = 401,    ///< a form can't be shown modeless under a modal one
+  kIndexOutOfBounds = 35600,    ///< a collection has no such index
+  kElementNotFound = 35601,     ///< a collection has no such key
+  kKeyNotUnique = 35602,        ///< a collection has that key already
 };
 
 }  // namespace varnhold::ui

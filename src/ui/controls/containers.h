@@ -6,8 +6,8 @@
 
 namespace varnhold::ui {
 
-/// A frame: other controls stand in it, and what it is (disabled, invisible) holds for them. The option buttons that
-/// stand in one container are one group.
+/// A frame: other controls stand in it, and what it is (disabled, invisible) holds for them. The option
+/// buttons that stand in one container are one group.
 class Frame : public Viewed<ControlView> {
  public:
   Frame() = default;

@@ -12,7 +12,9 @@ ControlView::~ControlView() {
   if (control_ != nullptr) control_->view_ = nullptr;
 }
 
-Control::~Control() { releaseView(); }
+Control::~Control() {
+  releaseView();
+}
 
 void Control::SetFocus() {
   if (form_ == nullptr || !takesFocus() || !isShown() || !form_->Visible()) {
@@ -33,20 +35,26 @@ bool Control::isShown() const {
   return true;
 }
 
-bool Control::isReachable() const { return isShown() && (form_ == nullptr || form_->acceptsInput()); }
+bool Control::isReachable() const {
+  return isShown() && (form_ == nullptr || form_->acceptsInput());
+}
 
 void Control::userFocus() {
   act([] {});
 }
 
-void Control::userMnemonic() { userFocus(); }
+void Control::userMnemonic() {
+  userFocus();
+}
 
 void Control::restoreDesign() {
   Component::restoreDesign();
   syncView();
 }
 
-void Control::changed(const PropertyBase&) { syncView(); }
+void Control::changed(const PropertyBase&) {
+  syncView();
+}
 
 void Control::runHandler(const std::function<void()>& handler) const {
   if (form_ == nullptr) {

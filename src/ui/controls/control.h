@@ -12,9 +12,10 @@ namespace varnhold::ui {
 class Control;
 class Form;
 
-/// What a toolkit's widget is to the control that it shows. The view lives in the toolkit and is attached to the
-/// control until one of the two is destroyed; a control without a view works just as well. Views are called on the main
-/// thread, often inside a handler: they must not run handlers and must not call back into a `user...` method from here.
+/// What a toolkit's widget is to the control that it shows. The view lives in the toolkit and is attached to
+/// the control until one of the two is destroyed; a control without a view works just as well. Views are
+/// called on the main thread, often inside a handler: they must not run handlers and must not call back into
+/// a `user...` method from here.
 class ControlView {
  public:
   ControlView() = default;
@@ -22,7 +23,8 @@ class ControlView {
   ControlView& operator=(const ControlView&) = delete;
   virtual ~ControlView();
 
-  /// A value of the control has changed: re-read them all and show what differs. May come many times in a row.
+  /// A value of the control has changed: re-read them all and show what differs. May come many times in a
+  /// row.
   virtual void sync() = 0;
   /// Give the widget the keyboard focus.
   virtual void takeFocus() {}
@@ -39,10 +41,10 @@ class ControlView {
 
 /// What all controls have in common. A control belongs to one form, which it is a member of. Main thread.
 ///
-/// A user's act reaches a control through one of its `user...` methods, called by its view from the event loop, or by
-/// a test. It first moves the focus to the control where the control takes it, then sets the value and raises the
-/// event. It does nothing when the control can't be reached (see `isReachable`), and never throws: a run-time error
-/// that leaves a handler is shown and ends the program.
+/// A user's act reaches a control through one of its `user...` methods, called by its view from the event
+/// loop, or by a test. It first moves the focus to the control where the control takes it, then sets the
+/// value and raises the event. It does nothing when the control can't be reached (see `isReachable`), and
+/// never throws: a run-time error that leaves a handler is shown and ends the program.
 class Control : public Component {
  public:
   ~Control() override;
@@ -66,15 +68,15 @@ class Control : public Component {
   /// The form that it belongs to, or nothing.
   [[nodiscard]] Form* form() const { return form_; }
 
-  /// Moves the focus here: LostFocus of the control that had it, then GotFocus. Does nothing when it is here already.
-  /// Error 5 where the control can't have it: disabled, invisible, on a form that is not shown, or no kind that takes
-  /// the focus.
+  /// Moves the focus here: LostFocus of the control that had it, then GotFocus. Does nothing when it is here
+  /// already. Error 5 where the control can't have it: disabled, invisible, on a form that is not shown, or
+  /// no kind that takes the focus.
   void SetFocus();
   /// Brings the control in front of those that share its place.
   void ZOrder();
 
-  /// True when a user could act on it: it and all it stands in are enabled and visible, and its form is shown and not
-  /// blocked by a modal one. A control without a form only looks at itself.
+  /// True when a user could act on it: it and all it stands in are enabled and visible, and its form is shown
+  /// and not blocked by a modal one. A control without a form only looks at itself.
   [[nodiscard]] virtual bool isReachable() const;
   /// True for the kinds that can have the keyboard focus.
   [[nodiscard]] virtual bool takesFocus() const { return false; }
@@ -123,8 +125,8 @@ class Control : public Component {
 template <class View>
 class Viewed : public Control {
  public:
-  /// From now on `view` shows the control. It reads all values by itself at once; the control calls `sync` only at the
-  /// next change. An earlier view is released.
+  /// From now on `view` shows the control. It reads all values by itself at once; the control calls `sync`
+  /// only at the next change. An earlier view is released.
   void attach(View& view) { attachView(view); }
 
  protected:

@@ -9,8 +9,9 @@
 
 namespace varnhold::ui {
 
-/// Controls of one name that are told apart by an index from 0: `optClient(0)`. The form gives each its handler in a
-/// loop (`optClient(i).Click = [this, i] { optClient_Click(i); }`) and adopts each under the common name.
+/// Controls of one name that are told apart by an index from 0: `optClient(0)`. The form gives each its
+/// handler in a loop (`optClient(i).Click = [this, i] { optClient_Click(i); }`) and adopts each under the
+/// common name.
 template <class ControlKind, std::size_t count>
 class ControlArray {
  public:

@@ -11,7 +11,8 @@ void Dispatcher::dispatch(const std::function<void()>& deed) noexcept {
   ++depth_;
   try {
     raise(deed);
-  } catch (const EndOfProgram&) {  // NOLINT(bugprone-empty-catch): it has done its work, every handler is unwound
+  } catch (
+      const EndOfProgram&) {  // NOLINT(bugprone-empty-catch): it has done its work, every handler is unwound
   }
   --depth_;
 }

@@ -25,8 +25,8 @@ class Event {
 
   [[nodiscard]] bool isHandled() const { return handler_ != nullptr; }
 
-  /// Runs the handler, if there is one. A run-time error that leaves it is shown and ends the program, whoever set
-  /// the event off: a handler of the caller does not see it.
+  /// Runs the handler, if there is one. A run-time error that leaves it is shown and ends the program,
+  /// whoever set the event off: a handler of the caller does not see it.
   void raise(Args... args) const {
     if (!handler_) return;
     source_.runHandler([&] { handler_(args...); });

@@ -9,7 +9,9 @@ namespace varnhold::ui {
 
 Form::Form(Screen& screen, std::string name) : screen_(screen), name_(std::move(name)) {}
 
-Form::~Form() { screen_.forms().forget(*this); }
+Form::~Form() {
+  screen_.forms().forget(*this);
+}
 
 void Form::adopt(std::initializer_list<NamedControl> controls) {
   for (const auto& [name, control] : controls) {
@@ -24,15 +26,25 @@ void Form::adopt(Control& container, std::initializer_list<NamedControl> control
   for (const auto& named : controls) named.control.container_ = &container;
 }
 
-void Form::Load() { screen_.forms().load(*this); }
+void Form::Load() {
+  screen_.forms().load(*this);
+}
 
-void Form::Show(Form* owner) { screen_.forms().showModeless(*this, owner); }
+void Form::Show(Form* owner) {
+  screen_.forms().showModeless(*this, owner);
+}
 
-void Form::ShowModal(Form* owner) { screen_.forms().showModal(*this, owner); }
+void Form::ShowModal(Form* owner) {
+  screen_.forms().showModal(*this, owner);
+}
 
-void Form::Hide() { screen_.forms().hide(*this); }
+void Form::Hide() {
+  screen_.forms().hide(*this);
+}
 
-bool Form::Unload(UnloadMode mode) { return screen_.forms().unload(*this, mode); }
+bool Form::Unload(UnloadMode mode) {
+  return screen_.forms().unload(*this, mode);
+}
 
 void Form::Refresh() {
   if (window_ != nullptr) window_->refresh();
@@ -70,7 +82,9 @@ std::vector<MenuItem*> Form::menuItems(const MenuItem* menu) const {
   return items;
 }
 
-bool Form::acceptsInput() const { return Enabled && screen_.forms().isReachable(*this); }
+bool Form::acceptsInput() const {
+  return Enabled && screen_.forms().isReachable(*this);
+}
 
 void Form::userClose() {
   if (!acceptsInput()) return;
@@ -89,7 +103,9 @@ void Form::changed(const PropertyBase&) {
   if (window_ != nullptr) window_->sync();
 }
 
-void Form::runHandler(const std::function<void()>& handler) const { screen_.raise(handler); }
+void Form::runHandler(const std::function<void()>& handler) const {
+  screen_.raise(handler);
+}
 
 void Form::keepAllDesign() {
   keepDesign();

@@ -18,18 +18,19 @@ class CommandButton;
 class MenuItem;
 class Screen;
 
-/// A form: a plain class with its controls as members and its handlers as methods, under their documented names.
+/// A form: a plain class with its controls as members and its handlers as methods, under their documented
+/// names.
 ///
-/// Its constructor sets the design (captions, texts, what is enabled), gives events their handlers, and adopts the
-/// controls. Nothing is on the screen then. What it holds at the first load is its design.
+/// Its constructor sets the design (captions, texts, what is enabled), gives events their handlers, and
+/// adopts the controls. Nothing is on the screen then. What it holds at the first load is its design.
 ///
-/// Life: load (Form_Load), show (Form_Resize, Form_Activate, the focus to its first control), Form_Activate again each
-/// time another form of the program that lay over it has gone away, unload (Form_QueryUnload, Form_Unload). An unload
-/// puts the controls and the form's own properties back to the design; plain members of the class stay as they are, so
-/// that results can be read afterwards.
+/// Life: load (Form_Load), show (Form_Resize, Form_Activate, the focus to its first control), Form_Activate
+/// again each time another form of the program that lay over it has gone away, unload (Form_QueryUnload,
+/// Form_Unload). An unload puts the controls and the form's own properties back to the design; plain members
+/// of the class stay as they are, so that results can be read afterwards.
 ///
-/// A form that is not loaded is not loaded by touching it: call `Load` before setting a control of a form that may not
-/// be loaded. What is set without that is gone at the next load. Main thread.
+/// A form that is not loaded is not loaded by touching it: call `Load` before setting a control of a form
+/// that may not be loaded. What is set without that is gone at the next load. Main thread.
 class Form : public Component {
  public:
   /// `screen` outlives the form. `name` is the form's documented name.
@@ -57,11 +58,11 @@ class Form : public Component {
 
   /// Form_Load, unless the form is loaded.
   void Load();
-  /// Loads the form where it is not, and shows it modeless, in front of `owner`. Shown already, it comes to the front.
-  /// Error 401 while a modal form is shown.
+  /// Loads the form where it is not, and shows it modeless, in front of `owner`. Shown already, it comes to
+  /// the front. Error 401 while a modal form is shown.
   void Show(Form* owner = nullptr);
-  /// Loads the form where it is not, shows it, and returns when it is hidden or unloaded. Until then the user can't
-  /// reach any other form. Error 400 where it is shown already.
+  /// Loads the form where it is not, shows it, and returns when it is hidden or unloaded. Until then the user
+  /// can't reach any other form. Error 400 where it is shown already.
   void ShowModal(Form* owner = nullptr);
   /// Takes it off the screen; it stays loaded. Nothing where it is not shown.
   void Hide();
@@ -71,7 +72,8 @@ class Form : public Component {
   void Refresh();
   /// Brings it to the front of the screen.
   void ZOrder();
-  /// Shows a pop-up menu at the pointer: its own Click first, then, where the user chose an entry, that entry's.
+  /// Shows a pop-up menu at the pointer: its own Click first, then, where the user chose an entry, that
+  /// entry's.
   void PopupMenu(MenuItem& menu);
 
   /// The control that has the focus, or nothing; nothing too while that control is disabled or not visible.
@@ -94,11 +96,11 @@ class Form : public Component {
   void userClose();
   /// The user changed the window's size or state.
   void userResize(int width, int height, ui::WindowState state);
-  /// True when the form has its own use for the key, so that the view must not let the focused widget have it: a menu's
-  /// shortcut, Enter for a button, Escape for the cancelling button.
+  /// True when the form has its own use for the key, so that the view must not let the focused widget have
+  /// it: a menu's shortcut, Enter for a button, Escape for the cancelling button.
   [[nodiscard]] bool usesKey(int key, int modifiers) const;
-  /// The user pressed a key anywhere on the form. The entry with that shortcut is chosen; without one, Form_KeyDown,
-  /// and, unless that set the key to 0, Enter and Escape press their buttons.
+  /// The user pressed a key anywhere on the form. The entry with that shortcut is chosen; without one,
+  /// Form_KeyDown, and, unless that set the key to 0, Enter and Escape press their buttons.
   void userKeyDown(int key, int modifiers = kNoModifier);
   /// The user pressed Alt and a letter: the next control in tab order with that mnemonic answers.
   void userMnemonic(char32_t letter);

@@ -28,9 +28,13 @@ std::string shortcutName(int key, int modifiers) {
 
 }  // namespace
 
-bool Form::canFocus(const Control& control) { return control.takesFocus() && control.isShown(); }
+bool Form::canFocus(const Control& control) {
+  return control.takesFocus() && control.isShown();
+}
 
-Control* Form::ActiveControl() const { return active_ != nullptr && canFocus(*active_) ? active_ : nullptr; }
+Control* Form::ActiveControl() const {
+  return active_ != nullptr && canFocus(*active_) ? active_ : nullptr;
+}
 
 Control* Form::focusableBehind(const Control& control) const {
   const auto from = std::find(controls_.begin(), controls_.end(), &control);
@@ -53,8 +57,8 @@ void Form::moveFocus(Control& control) {
 
 void Form::focusFirst() {
   if (ActiveControl() != nullptr) return;
-  const auto first =
-      std::find_if(controls_.begin(), controls_.end(), [](const Control* control) { return canFocus(*control); });
+  const auto first = std::find_if(controls_.begin(), controls_.end(),
+                                  [](const Control* control) { return canFocus(*control); });
   if (first != controls_.end()) moveFocus(**first);
 }
 
@@ -103,9 +107,8 @@ void Form::userMnemonic(char32_t letter) {
     return control->isReachable() && mnemonicOf(control->mnemonicText()) == wanted;
   };
   // From the control behind the focused one to the end, then from the top.
-  const auto middle = active_ == nullptr
-                          ? controls_.begin()
-                          : std::next(std::find(controls_.begin(), controls_.end(), active_));
+  const auto middle = active_ == nullptr ? controls_.begin()
+                                         : std::next(std::find(controls_.begin(), controls_.end(), active_));
   auto found = std::find_if(middle, controls_.end(), answers);
   if (found == controls_.end()) {
     found = std::find_if(controls_.begin(), middle, answers);

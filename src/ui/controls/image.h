@@ -13,8 +13,8 @@ class Image : public Viewed<ControlView> {
   Property<std::string> Picture{*this};
 };
 
-/// The pictures that other controls speak of by number, from 1. It is never seen itself, and its view is the set of the
-/// toolkit's own pictures.
+/// The pictures that other controls speak of by number, from 1. It is never seen itself, and its view is the
+/// set of the toolkit's own pictures.
 class ImageList : public Viewed<ControlView> {
  public:
   explicit ImageList(std::vector<std::string> names) : names_(std::move(names)) {}

@@ -12,23 +12,25 @@ ItemBox::ItemBox() : ListIndex(*this, -1, [this](const int& index) { checkListIn
 
 void ItemBox::checkListIndex(int index) const {
   if (index < -1 || index >= ListCount()) {
-    raiseInvalidValue("ListIndex", "there is no entry " + std::to_string(index) + " among " +
-                                       std::to_string(ListCount()));
+    raiseInvalidValue("ListIndex",
+                      "there is no entry " + std::to_string(index) + " among " + std::to_string(ListCount()));
   }
 }
 
 void ItemBox::checkEntry(int index) const {
   if (holds(index)) return;
   throw RuntimeError(kInvalidPropertyIndex, "Invalid property array index: there is no entry " +
-                                                std::to_string(index) + " among " + std::to_string(ListCount()) +
-                                                ".");
+                                                std::to_string(index) + " among " +
+                                                std::to_string(ListCount()) + ".");
 }
 
 std::string ItemBox::List(int index) const {
   return holds(index) ? entries_[static_cast<std::size_t>(index)].text : std::string();
 }
 
-int ItemBox::ItemData(int index) const { return holds(index) ? entries_[static_cast<std::size_t>(index)].data : 0; }
+int ItemBox::ItemData(int index) const {
+  return holds(index) ? entries_[static_cast<std::size_t>(index)].data : 0;
+}
 
 void ItemBox::SetItemData(int index, int data) {
   checkEntry(index);
@@ -37,9 +39,9 @@ void ItemBox::SetItemData(int index, int data) {
 
 int ItemBox::sortedPlace(std::string_view text) const {
   const auto key = toUpper(text);
-  const auto place = std::upper_bound(entries_.begin(), entries_.end(), key, [](const auto& k, const Entry& entry) {
-    return k < toUpper(entry.text);
-  });
+  const auto place =
+      std::upper_bound(entries_.begin(), entries_.end(), key,
+                       [](const auto& k, const Entry& entry) { return k < toUpper(entry.text); });
   return static_cast<int>(place - entries_.begin());
 }
 

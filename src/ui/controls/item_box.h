@@ -11,8 +11,8 @@ namespace varnhold::ui {
 /// A view of a list of entries.
 class ItemBoxView : public ControlView {
  public:
-  /// Entries came, went or changed places, or which are selected has changed: re-read what is shown. May come once per
-  /// entry; a view notes it and re-reads once, on the next turn of the event loop.
+  /// Entries came, went or changed places, or which are selected has changed: re-read what is shown. May come
+  /// once per entry; a view notes it and re-reads once, on the next turn of the event loop.
   virtual void itemsChanged() = 0;
   /// Scroll so that entry `index` is the first one shown.
   virtual void scrollTo(int index) { (void)index; }
@@ -40,16 +40,16 @@ class ItemBox : public Viewed<ItemBoxView> {
   /// Where the last AddItem put its entry.
   [[nodiscard]] int NewIndex() const { return newIndex_; }
 
-  /// At the end, or at `index`, or at its place where the list is sorted and no index is given. Error 381 for an index
-  /// outside 0 to the count. Raises nothing; the current entry stays current.
+  /// At the end, or at `index`, or at its place where the list is sorted and no index is given. Error 381 for
+  /// an index outside 0 to the count. Raises nothing; the current entry stays current.
   void AddItem(const std::string& text, int index = -1);
   /// Error 381 outside the list. Raises nothing.
   void RemoveItem(int index);
   /// Raises nothing; no entry is current afterwards.
   void Clear();
 
-  /// LB_FINDSTRING (winuser.h): the first entry behind `after` that begins with `text`, case ignored, going on from the
-  /// top; -1 where there is none.
+  /// LB_FINDSTRING (winuser.h): the first entry behind `after` that begins with `text`, case ignored, going
+  /// on from the top; -1 where there is none.
   [[nodiscard]] int findString(int after, std::string_view text) const;
 
   [[nodiscard]] bool takesFocus() const override { return true; }

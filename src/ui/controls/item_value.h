@@ -8,8 +8,9 @@
 
 namespace varnhold::ui {
 
-/// A value of a row or a node, where there may be very many: as a `Property`, but it has no design value and costs one
-/// pointer. `Item` has a member `changed(const void* value)`, to which the value's address says which it was.
+/// A value of a row or a node, where there may be very many: as a `Property`, but it has no design value and
+/// costs one pointer. `Item` has a member `changed(const void* value)`, to which the value's address says
+/// which it was.
 template <class T, class Item>
 class ItemValue {
  public:

@@ -4,7 +4,9 @@
 
 namespace varnhold::ui {
 
-Label::Label(std::string caption) { Caption.settle(std::move(caption)); }
+Label::Label(std::string caption) {
+  Caption.settle(std::move(caption));
+}
 
 void Label::userPress(MouseButton button) {
   act([&] {

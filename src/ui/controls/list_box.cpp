@@ -43,10 +43,13 @@ void ListBox::setCurSel(int index) {
   itemsChanged();
 }
 
-int ListBox::textWidth(std::string_view text) const { return view() == nullptr ? 0 : view()->textWidth(text); }
+int ListBox::textWidth(std::string_view text) const {
+  return view() == nullptr ? 0 : view()->textWidth(text);
+}
 
 void ListBox::selectOnly(int first, int last) {
-  for (int i = 0; i < ListCount(); ++i) entries_[static_cast<std::size_t>(i)].selected = i >= first && i <= last;
+  for (int i = 0; i < ListCount(); ++i)
+    entries_[static_cast<std::size_t>(i)].selected = i >= first && i <= last;
 }
 
 void ListBox::currentChanged() {

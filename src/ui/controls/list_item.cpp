@@ -6,9 +6,13 @@ namespace varnhold::ui {
 
 ListItem::ListItem(ListItems& rows, std::string text) : Text(*this, std::move(text)), rows_(rows) {}
 
-int ListItem::Index() const { return rows_.indexOf(*this); }
+int ListItem::Index() const {
+  return rows_.indexOf(*this);
+}
 
-void ListItem::EnsureVisible() { rows_.list().showRow(*this); }
+void ListItem::EnsureVisible() {
+  rows_.list().showRow(*this);
+}
 
 void ListItem::changed(const void* value) {
   if (value == &Selected) {
@@ -53,7 +57,9 @@ const std::string& ListItem::cellTag(int column) const {
   return found == nullptr || found->extra == nullptr ? empty : found->extra->tag;
 }
 
-void ListItem::setCellTag(int column, const std::string& tag) { extraToSet(column).tag = tag; }
+void ListItem::setCellTag(int column, const std::string& tag) {
+  extraToSet(column).tag = tag;
+}
 
 const int& ListItem::cellIcon(int column) const {
   static const int none = 0;

@@ -12,7 +12,8 @@ class ListItem;
 class ListItems;
 class ListView;
 
-/// A cell's value, read and set through its row. It is only a way to the cell: don't keep it, keep what it reads.
+/// A cell's value, read and set through its row. It is only a way to the cell: don't keep it, keep what it
+/// reads.
 template <class T, const T& (ListItem::*read)(int) const, void (ListItem::*write)(int, const T&)>
 class CellValue {
  public:
@@ -67,8 +68,8 @@ class ListItem {
   ItemValue<std::string, ListItem> Tag{*this};
   /// A picture of the list's `SmallIcons`, from 1; 0 for none.
   ItemValue<int, ListItem> SmallIcon{*this};
-  /// Setting it to true makes the row the list's `SelectedItem` too, and in a list of one selection takes it from the
-  /// others. No event.
+  /// Setting it to true makes the row the list's `SelectedItem` too, and in a list of one selection takes it
+  /// from the others. No event.
   ItemValue<bool, ListItem> Selected{*this};
 
   /// The text of a column behind the first, from 1; empty until it is set. Error 380 below 1.
@@ -80,7 +81,9 @@ class ListItem {
   /// The picture of a cell, from 1; 0 for none. For views.
   [[nodiscard]] int ReportIcon(int column) const { return cellIcon(column); }
   /// The text in a column counted from 0. For views and for sorting.
-  [[nodiscard]] const std::string& column(int index) const { return index == 0 ? Text.get() : cellText(index); }
+  [[nodiscard]] const std::string& column(int index) const {
+    return index == 0 ? Text.get() : cellText(index);
+  }
 
   /// Where the row stands, from 1.
   [[nodiscard]] int Index() const;

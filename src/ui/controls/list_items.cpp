@@ -4,31 +4,9 @@
 
 #include "base/text.h"
 #include "ui/controls/list_view.h"
+#include "ui/controls/sort_rows.h"
 
 namespace varnhold::ui {
-namespace {
-
-struct KeyedRow {
-  std::string key;
-  std::unique_ptr<ListItem> row;
-};
-
-}  // namespace
-
-void sortRows(ListItems::Rows& rows, int column, SortOrder order) {
-  std::vector<KeyedRow> keyed;
-  keyed.reserve(rows.size());
-  for (auto& row : rows) {
-    auto key = toUpper(row->column(column));
-    keyed.push_back({std::move(key), std::move(row)});
-  }
-  if (order == SortOrder::Ascending) {
-    std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.key < b.key; });
-  } else {
-    std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return b.key < a.key; });
-  }
-  std::transform(keyed.begin(), keyed.end(), rows.begin(), [](KeyedRow& entry) { return std::move(entry.row); });
-}
 
 void ListItems::settleOrder() const {
   if (!sortPending_) return;
@@ -51,7 +29,8 @@ std::size_t ListItems::placeOfNew(const ListItem& row) const {
     const auto otherKey = toUpper(other->column(column));
     return ascending ? newKey < otherKey : otherKey < newKey;
   };
-  return static_cast<std::size_t>(std::upper_bound(rows_.begin(), rows_.end(), key, isBehind) - rows_.begin());
+  return static_cast<std::size_t>(std::upper_bound(rows_.begin(), rows_.end(), key, isBehind) -
+                                  rows_.begin());
 }
 
 ListItem& ListItems::Add(const std::string& text) {

@@ -67,7 +67,4 @@ class ListItems {
   mutable std::size_t numbered_ = 0;
 };
 
-/// Sorts rows by the text of a column (0 is the first), case ignored; rows of equal text keep their order.
-void sortRows(ListItems::Rows& rows, int column, SortOrder order);
-
 }  // namespace varnhold::ui

@@ -7,12 +7,14 @@
 namespace varnhold::ui {
 
 ListView::SortSwitch& ListView::SortSwitch::operator=(bool sorted) {
-  // Rows that were to be in order by now stay in it when sorting ends.
-  list_.ListItems.settleOrder();
+  if (sorted) {
+    list_.ListItems.orderIsStale();
+    list_.rowsChanged();
+  } else {
+    // Rows that are to be in order by now come into it first, and stay so.
+    list_.ListItems.settleOrder();
+  }
   value_ = sorted;
-  if (!sorted) return *this;
-  list_.ListItems.orderIsStale();
-  list_.rowsChanged();
   return *this;
 }
 

@@ -13,8 +13,8 @@ namespace varnhold::ui {
 /// A view of a list view's rows: a virtual list, which asks `ListItems` for the rows it is about to draw.
 class ListControlView : public ControlView {
  public:
-  /// Rows came, went or changed places, or many have changed: re-read the count and what is shown. May come many times
-  /// in a row; a view notes it and looks once, on the next turn of the event loop.
+  /// Rows came, went or changed places, or many have changed: re-read the count and what is shown. May come
+  /// many times in a row; a view notes it and looks once, on the next turn of the event loop.
   virtual void rowsChanged() = 0;
   /// A text, a picture or the selection of this row has changed.
   virtual void rowChanged(const ListItem& row) = 0;
@@ -27,7 +27,7 @@ class ListControlView : public ControlView {
 struct ListHit {
   ListItem* item = nullptr;  ///< the row, or nothing
   int subItem = 0;           ///< its column, 0 for the first
-  int flags = 0;             ///< what of it: commctrl.h, LVHT_ONITEMICON 2, LVHT_ONITEMLABEL 4, LVHT_ONITEMSTATEICON 8
+  int flags = 0;  ///< what of it: commctrl.h, LVHT_ONITEMICON 2, LVHT_ONITEMLABEL 4, LVHT_ONITEMSTATEICON 8
 };
 
 /// A list with columns. Rows and columns count from 1, `SortKey` and sub-items from 0 for the first column.
@@ -62,11 +62,11 @@ class ListView : public Viewed<ListControlView> {
   };
   SortSwitch Sorted{*this};
 
-  /// The row that has the focus rectangle, which need not be selected. When it is removed, the row that takes its place
-  /// follows it (the last one, where none does), unselected.
+  /// The row that has the focus rectangle, which need not be selected. When it is removed, the row that takes
+  /// its place follows it (the last one, where none does), unselected.
   [[nodiscard]] Ref<ListItem> SelectedItem() const { return {focused_, "selected row"}; }
-  /// Selects the row and gives it the focus rectangle; in a list of several the others stay selected. Nothing takes the
-  /// focus rectangle away. No event.
+  /// Selects the row and gives it the focus rectangle; in a list of several the others stay selected. Nothing
+  /// takes the focus rectangle away. No event.
   void SetSelectedItem(ListItem* row);
   /// The first row whose whole text is `text`, case ignored, or nothing. Looks at every row.
   [[nodiscard]] ListItem* FindItem(std::string_view text) const;
@@ -94,8 +94,8 @@ class ListView : public Viewed<ListControlView> {
 
   /// What a user does. `row` counts from 1; outside 1 to the count it means the empty part of the list.
   ///
-  /// A click selects the row alone; in a list of several, `kControl` turns it over and `kShift` selects from the
-  /// focused row to it. On the empty part it clears the selection and raises nothing.
+  /// A click selects the row alone; in a list of several, `kControl` turns it over and `kShift` selects from
+  /// the focused row to it. On the empty part it clears the selection and raises nothing.
   void userClick(int row, int modifiers = kNoModifier);
   /// A click on the row (not on the empty part), then DblClick.
   void userDblClick(int row);

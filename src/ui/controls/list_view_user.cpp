@@ -5,7 +5,9 @@
 
 namespace varnhold::ui {
 
-ListItem* ListView::rowAt(int row) { return row >= 1 && row <= ListItems.Count() ? &ListItems(row) : nullptr; }
+ListItem* ListView::rowAt(int row) {
+  return row >= 1 && row <= ListItems.Count() ? &ListItems(row) : nullptr;
+}
 
 void ListView::selectRange(int first, int last) {
   int place = 0;

@@ -7,9 +7,9 @@
 
 namespace varnhold::ui {
 
-/// An entry of a menu, or a menu: an entry in which others stand. The entries that stand in nothing are the form's menu
-/// bar, in the order in which the form adopted them; of those, one that is never visible serves as a pop-up menu.
-/// An entry with the caption "-" is a separator.
+/// An entry of a menu, or a menu: an entry in which others stand. The entries that stand in nothing are the
+/// form's menu bar, in the order in which the form adopted them; of those, one that is never visible serves
+/// as a pop-up menu. An entry with the caption "-" is a separator.
 class MenuItem : public Viewed<ControlView> {
  public:
   MenuItem() = default;
@@ -17,7 +17,8 @@ class MenuItem : public Viewed<ControlView> {
   explicit MenuItem(std::string caption, std::string shortcut = {});
 
   Property<std::string> Caption{*this};
-  /// The key that chooses the entry from anywhere on the form, as it reads in the menu: "F5", "Ctrl+F". Empty for none.
+  /// The key that chooses the entry from anywhere on the form, as it reads in the menu: "F5", "Ctrl+F". Empty
+  /// for none.
   Property<std::string> Shortcut{*this};
   Property<bool> Checked{*this};
 
@@ -32,8 +33,8 @@ class MenuItem : public Viewed<ControlView> {
   [[nodiscard]] bool isReachable() const override;
   [[nodiscard]] std::string mnemonicText() const override { return isSeparator() ? "" : Caption.get(); }
 
-  /// The user chose the entry, or opened the menu: Click. The menus above it must have been opened first where their
-  /// Click decides about it. Does nothing on a separator.
+  /// The user chose the entry, or opened the menu: Click. The menus above it must have been opened first
+  /// where their Click decides about it. Does nothing on a separator.
   void userClick();
 };
 

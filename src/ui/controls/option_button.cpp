@@ -4,7 +4,9 @@
 
 namespace varnhold::ui {
 
-OptionButton::OptionButton(std::string caption) { Caption.settle(std::move(caption)); }
+OptionButton::OptionButton(std::string caption) {
+  Caption.settle(std::move(caption));
+}
 
 void OptionButton::userClick() {
   act([&] { Value = true; });

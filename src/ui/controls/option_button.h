@@ -13,8 +13,8 @@ class OptionButton : public Viewed<ControlView> {
   explicit OptionButton(std::string caption);
 
   Property<std::string> Caption{*this};
-  /// True when it is the chosen one. Setting it to true clears the others of the group, silently, and raises Click, by
-  /// code too; setting it to false raises nothing and leaves the group without a choice.
+  /// True when it is the chosen one. Setting it to true clears the others of the group, silently, and raises
+  /// Click, by code too; setting it to false raises nothing and leaves the group without a choice.
   Property<bool> Value{*this};
 
   Event<> Click{*this};

@@ -12,8 +12,8 @@
 
 namespace varnhold::ui {
 
-/// A value of a control, a form or a part of one: reads as the value it holds, and tells its owner when it is set to
-/// another one. Setting the value it holds already does nothing and raises nothing. Main thread.
+/// A value of a control, a form or a part of one: reads as the value it holds, and tells its owner when it is
+/// set to another one. Setting the value it holds already does nothing and raises nothing. Main thread.
 template <class T>
 class Property : public PropertyBase {
  public:
@@ -21,8 +21,8 @@ class Property : public PropertyBase {
   /// Refuses a value by raising a run-time error; the property then keeps what it held.
   using Check = std::function<void(const T&)>;
 
-  /// `owner` is the object that the property is a member of. What the property holds when the owner's form is loaded
-  /// for the first time is its design value.
+  /// `owner` is the object that the property is a member of. What the property holds when the owner's form is
+  /// loaded for the first time is its design value.
   explicit Property(Component& owner, T initial = T(), Check check = {})
       : PropertyBase(owner), value_(initial), design_(std::move(initial)), check_(std::move(check)) {}
 
@@ -35,7 +35,9 @@ class Property : public PropertyBase {
     return *this;
   }
 
-  operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor): a property reads as its value
+  operator const T&() const {
+    return value_;
+  }  // NOLINT(google-explicit-constructor): a property reads as its value
   [[nodiscard]] const T& get() const { return value_; }
 
   /// Sets the value and tells nobody: for the owner alone, where one value follows from another.
@@ -68,8 +70,7 @@ template <class P>
 concept HoldsText = HoldsValue<P> && std::same_as<typename P::ValueType, std::string>;
 
 template <HoldsValue P, class U>
-  requires(!HoldsValue<U>)
-[[nodiscard]] bool operator==(const P& holder, const U& value) {
+requires(!HoldsValue<U>) [[nodiscard]] bool operator==(const P& holder, const U& value) {
   return holder.get() == value;
 }
 
@@ -90,7 +91,9 @@ template <HoldsText P>
 
 /// For a test's failure message.
 template <HoldsValue P>
-  requires requires(std::ostream& out, const P& holder) { out << holder.get(); }
+requires requires(std::ostream& out, const P& holder) {
+  out << holder.get();
+}
 std::ostream& operator<<(std::ostream& out, const P& holder) {
   return out << holder.get();
 }

@@ -5,9 +5,12 @@ namespace {
 
 BoxIcon boxIcon(platform::MessageIcon icon) {
   switch (icon) {
-    case platform::MessageIcon::Exclamation: return BoxIcon::Exclamation;
-    case platform::MessageIcon::Critical: return BoxIcon::Critical;
-    case platform::MessageIcon::Information: break;
+    case platform::MessageIcon::Exclamation:
+      return BoxIcon::Exclamation;
+    case platform::MessageIcon::Critical:
+      return BoxIcon::Critical;
+    case platform::MessageIcon::Information:
+      break;
   }
   return BoxIcon::Information;
 }
@@ -53,7 +56,9 @@ void Screen::DoEvents() {
   stopIfEnded();
 }
 
-void Screen::End() { dispatcher_.end(); }
+void Screen::End() {
+  dispatcher_.end();
+}
 
 int Screen::run(const std::function<void()>& start) {
   dispatch(start);
@@ -67,7 +72,9 @@ void Screen::dispatch(const std::function<void()>& deed) {
   if (dispatcher_.isIdle() && !forms_.isAnyShown()) toolkit_.quitLoop();
 }
 
-void Screen::changed(const PropertyBase&) { toolkit_.setPointer(MousePointer); }
+void Screen::changed(const PropertyBase&) {
+  toolkit_.setPointer(MousePointer);
+}
 
 void Screen::report(const RuntimeError& error) {
   const auto text = "Run-time error '" + std::to_string(error.number()) + "':\r\n\r\n" + error.description();

@@ -13,14 +13,15 @@
 
 namespace varnhold::ui {
 
-/// The one user interface of the program: what a handler asks of it, the dispatcher under which every handler runs, and
-/// the stack of shown forms. Built once, over a toolkit, before any form. Main thread.
+/// The one user interface of the program: what a handler asks of it, the dispatcher under which every handler
+/// runs, and the stack of shown forms. Built once, over a toolkit, before any form. Main thread.
 class Screen : public platform::Ui, public Component {
  public:
   /// `toolkit` outlives the screen. `appTitle` is the title of every box that has no other.
   Screen(Toolkit& toolkit, std::string appTitle);
 
-  /// The pointer over all windows of the program; over the windows' and controls' own while it is not `Default`.
+  /// The pointer over all windows of the program; over the windows' and controls' own while it is not
+  /// `Default`.
   Property<Pointer> MousePointer{*this, Pointer::Default};
 
   /// Shows a box and waits for its button. Nothing is activated when it goes away.
@@ -29,7 +30,8 @@ class Screen : public platform::Ui, public Component {
   void messageBox(const std::string& text, platform::MessageIcon icon) override;
   /// Asks for a line of text; empty where the user cancels.
   [[nodiscard]] std::string InputBox(const std::string& prompt);
-  /// Asks for a file. True when the user chose one, whose path then stands in `FileName`; else `dialog` stays.
+  /// Asks for a file. True when the user chose one, whose path then stands in `FileName`; else `dialog`
+  /// stays.
   bool ShowOpen(FileDialog& dialog);
   /// Runs the events that wait. Any handler may run meanwhile.
   void DoEvents();
@@ -40,13 +42,13 @@ class Screen : public platform::Ui, public Component {
   /// The part of the screen that windows can have, in twips.
   [[nodiscard]] Size workArea() const { return toolkit_.workArea(); }
 
-  /// The program's whole run: `start` (which shows the first form), then events until no form is shown any more or the
-  /// program ends. Forms that are loaded but not shown by then end with it, without an event. The exit status: 0, or 1
-  /// when a run-time error ended it.
+  /// The program's whole run: `start` (which shows the first form), then events until no form is shown any
+  /// more or the program ends. Forms that are loaded but not shown by then end with it, without an event. The
+  /// exit status: 0, or 1 when a run-time error ended it.
   int run(const std::function<void()>& start);
 
-  /// Runs what came from outside, such as a user's act, under the dispatcher. Never throws; does nothing once the
-  /// program has ended.
+  /// Runs what came from outside, such as a user's act, under the dispatcher. Never throws; does nothing once
+  /// the program has ended.
   void dispatch(const std::function<void()>& deed);
   /// Runs the handler of an event that code has set off; see `Dispatcher::raise`.
   void raise(const std::function<void()>& handler) { dispatcher_.raise(handler); }

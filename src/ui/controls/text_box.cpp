@@ -30,7 +30,9 @@ std::size_t byteOf(std::string_view text, int position) {
 
 TextBox::TextBox() : SelStart(*this, 0, checkPosition), SelLength(*this, 0, checkPosition) {}
 
-TextBox::TextBox(std::string text) : TextBox() { Text.settle(std::move(text)); }
+TextBox::TextBox(std::string text) : TextBox() {
+  Text.settle(std::move(text));
+}
 
 void TextBox::SelectAll() {
   SelStart = 0;

@@ -6,8 +6,8 @@
 
 namespace varnhold::ui {
 
-/// Ticks every `Interval` milliseconds while it is enabled and its form is loaded, shown or not, also under a modal
-/// form. It has no view: the toolkit keeps the time.
+/// Ticks every `Interval` milliseconds while it is enabled and its form is loaded, shown or not, also under a
+/// modal form. It has no view: the toolkit keeps the time.
 class Timer : public Control {
  public:
   ~Timer() override;

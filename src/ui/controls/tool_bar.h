@@ -33,7 +33,8 @@ class ToolButton : public BarPart {
 class ToolBar : public Viewed<ControlView> {
  public:
   /// For the bar's design: the next button.
-  ToolButton& AddButton(const std::string& caption, const std::string& toolTip, const std::string& picture = {});
+  ToolButton& AddButton(const std::string& caption, const std::string& toolTip,
+                        const std::string& picture = {});
   /// From 1. Error 35600 where there is no such button.
   [[nodiscard]] ToolButton& Buttons(int index) const;
   [[nodiscard]] int ButtonCount() const { return static_cast<int>(buttons_.size()); }

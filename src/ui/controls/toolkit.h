@@ -8,7 +8,8 @@
 
 #include "ui/controls/constants.h"
 
-/// What forms need of a toolkit: the seam that wx, or a test's scripted user interface, stands behind. Main thread.
+/// What forms need of a toolkit: the seam that wx, or a test's scripted user interface, stands behind. Main
+/// thread.
 namespace varnhold::ui {
 
 class Form;
@@ -47,16 +48,18 @@ struct Size {
   int width = 0, height = 0;
 };
 
-/// A form's window. It makes the views of the form's controls and attaches them; its destructor destroys them. The form
-/// stack calls it; it answers with nothing but the form's `user...` methods, from the event loop.
+/// A form's window. It makes the views of the form's controls and attaches them; its destructor destroys
+/// them. The form stack calls it; it answers with nothing but the form's `user...` methods, from the event
+/// loop.
 class FormWindow {
  public:
   virtual ~FormWindow() = default;
 
-  /// A value of the form has changed (caption, icon, pointer, size, state): re-read them all and show what differs.
+  /// A value of the form has changed (caption, icon, pointer, size, state): re-read them all and show what
+  /// differs.
   virtual void sync() = 0;
-  /// Shows the window, in front of `owner` where there is one. A modal one from now on keeps the user from every other
-  /// window of the program.
+  /// Shows the window, in front of `owner` where there is one. A modal one from now on keeps the user from
+  /// every other window of the program.
   virtual void show(Form* owner, bool modal) = 0;
   virtual void hide() = 0;
   /// Runs events until `endModal` is called. Called once at most behind each modal `show`.
@@ -90,7 +93,8 @@ class Toolkit {
   virtual std::optional<std::string> openFile(const FileDialog& dialog, Form* owner) = 0;
   /// The pointer over all windows of the program; `Default` lets each window and control have its own.
   virtual void setPointer(Pointer pointer) = 0;
-  /// From now on calls `timer.timeElapsed()` from the event loop every `intervalMs`, until told otherwise; 0 stops.
+  /// From now on calls `timer.timeElapsed()` from the event loop every `intervalMs`, until told otherwise; 0
+  /// stops.
   virtual void setTimer(Timer& timer, std::uint32_t intervalMs) = 0;
   /// The part of the screen that windows can have.
   [[nodiscard]] virtual Size workArea() const = 0;

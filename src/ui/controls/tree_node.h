@@ -19,8 +19,8 @@ class TreeNode {
   ItemValue<std::string, TreeNode> Text;
   /// A picture of the tree's `ImageList`, from 1; 0 for none.
   ItemValue<int, TreeNode> Image{*this};
-  /// Its children are shown. Setting it raises Expand or Collapse, by code too. A node without children can't be
-  /// expanded: it stays as it is and raises nothing.
+  /// Its children are shown. Setting it raises Expand or Collapse, by code too. A node without children can't
+  /// be expanded: it stays as it is and raises nothing.
   ItemValue<bool, TreeNode> Expanded{*this};
 
   [[nodiscard]] const std::string& Key() const { return key_; }
@@ -34,7 +34,8 @@ class TreeNode {
   [[nodiscard]] bool Selected() const;
   /// Makes it the tree's selected node. No event.
   void Select();
-  /// Expands what it stands under, from the top, with their events, and scrolls the tree so that the node is seen.
+  /// Expands what it stands under, from the top, with their events, and scrolls the tree so that the node is
+  /// seen.
   void EnsureVisible();
 
  private:

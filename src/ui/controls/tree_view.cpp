@@ -7,9 +7,13 @@ namespace varnhold::ui {
 TreeNode::TreeNode(TreeView& tree, TreeNode* parent, std::string key, std::string text, int index)
     : Text(*this, std::move(text)), tree_(tree), parent_(parent), key_(std::move(key)), index_(index) {}
 
-bool TreeNode::Selected() const { return tree_.SelectedItem().get() == this; }
+bool TreeNode::Selected() const {
+  return tree_.SelectedItem().get() == this;
+}
 
-void TreeNode::Select() { tree_.SetSelectedItem(this); }
+void TreeNode::Select() {
+  tree_.SetSelectedItem(this);
+}
 
 void TreeNode::EnsureVisible() {
   if (parent_ != nullptr) {
@@ -110,7 +114,9 @@ void TreeView::restoreDesign() {
   Control::restoreDesign();
 }
 
-TreeNode* TreeView::nodeAt(int node) const { return node >= 1 && node <= Nodes.Count() ? &Nodes(node) : nullptr; }
+TreeNode* TreeView::nodeAt(int node) const {
+  return node >= 1 && node <= Nodes.Count() ? &Nodes(node) : nullptr;
+}
 
 void TreeView::userClick(int node) {
   act([&] {

@@ -34,11 +34,11 @@ class TreeNodes {
   TreeNodes(const TreeNodes&) = delete;
   TreeNodes& operator=(const TreeNodes&) = delete;
 
-  /// A new node at the top. `image` counts from 1. Keys compare as exact strings; an empty key is none. Error 35602 for
-  /// a key that is there already.
+  /// A new node at the top. `image` counts from 1. Keys compare as exact strings; an empty key is none. Error
+  /// 35602 for a key that is there already.
   TreeNode& Add(const std::string& key, const std::string& text, int image = 0);
-  /// A new node as the last child of the node with the key `relative`. Error 35601 where there is no such node, 35602
-  /// for a key that is there already.
+  /// A new node as the last child of the node with the key `relative`. Error 35601 where there is no such
+  /// node, 35602 for a key that is there already.
   TreeNode& Add(const std::string& relative, Relationship relationship, const std::string& key,
                 const std::string& text, int image = 0);
   void Clear();
@@ -77,8 +77,8 @@ class TreeView : public Viewed<TreeControlView> {
 
   /// What a user does. `node` counts from 1; outside 1 to the count it means the empty part of the tree.
   void userClick(int node);
-  /// Opens or closes a node that has children. When a node is closed over the selected one, the closed one becomes the
-  /// selected node, without NodeClick.
+  /// Opens or closes a node that has children. When a node is closed over the selected one, the closed one
+  /// becomes the selected node, without NodeClick.
   void userExpand(int node, bool expanded);
   void userMouseDown(MouseButton button, int node);
   void userMouseUp(MouseButton button, int node);

@@ -158,8 +158,9 @@ TEST_F(FormLife, ActivatesTheOwnerWhenAModalFormHasGoneAndBeforeShowModalReturns
   ui.nextModal("frmA", [](Form& form) { form.Unload(); });
   frmA.ShowModal(&frmMain);
   journal.push_back("back");
-  EXPECT_THAT(journal, ElementsAre("frmA Load", "Show modal frmA", "frmA Resize", "frmA Activate",
-                                   "frmA QueryUnload 1", "frmA Unload", "Close frmA", "frmMain Activate", "back"));
+  EXPECT_THAT(journal,
+              ElementsAre("frmA Load", "Show modal frmA", "frmA Resize", "frmA Activate",
+                          "frmA QueryUnload 1", "frmA Unload", "Close frmA", "frmMain Activate", "back"));
 }
 
 TEST_F(FormLife, ActivatesTheOwnerAfterTheHandlerThatClosedTheModalForm) {
@@ -206,9 +207,9 @@ TEST_F(FormLife, ActivatesOnlyTheFormThatComesOut) {
   });
   frmA.ShowModal(&frmMain);
   EXPECT_THAT(fakes::linesWithout(journal, {"Show", "Close"}),
-              ElementsAre("frmA Load", "frmA Resize", "frmA Activate", "frmB Load", "frmB Resize", "frmB Activate",
-                          "frmB QueryUnload 1", "frmB Unload", "frmA Activate", "frmA QueryUnload 1",
-                          "frmA Unload", "frmMain Activate"));
+              ElementsAre("frmA Load", "frmA Resize", "frmA Activate", "frmB Load", "frmB Resize",
+                          "frmB Activate", "frmB QueryUnload 1", "frmB Unload", "frmA Activate",
+                          "frmA QueryUnload 1", "frmA Unload", "frmMain Activate"));
 }
 
 TEST_F(FormLife, ActivatesTheFormUnderAModelessOneAtOnce) {
@@ -216,8 +217,9 @@ TEST_F(FormLife, ActivatesTheFormUnderAModelessOneAtOnce) {
   frmA.Show(&frmMain);
   frmA.Unload();
   journal.push_back("back");
-  EXPECT_THAT(journal, ElementsAre("frmA Load", "Show frmA", "frmA Resize", "frmA Activate", "frmA QueryUnload 1",
-                                   "frmA Unload", "Close frmA", "frmMain Activate", "back"));
+  EXPECT_THAT(journal,
+              ElementsAre("frmA Load", "Show frmA", "frmA Resize", "frmA Activate", "frmA QueryUnload 1",
+                          "frmA Unload", "Close frmA", "frmMain Activate", "back"));
 }
 
 TEST_F(FormLife, ActivatesNothingWhenAFormGoesThatLayUnderAnother) {

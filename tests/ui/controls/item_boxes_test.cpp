@@ -222,7 +222,9 @@ TEST_F(ListBoxTest, ScrollsItsView) {
   EXPECT_EQ(list.textWidth("ATLAS"), 35);
 }
 
-TEST_F(ListBoxTest, MeasuresNothingWithoutAView) { EXPECT_EQ(list.textWidth("ATLAS"), 0); }
+TEST_F(ListBoxTest, MeasuresNothingWithoutAView) {
+  EXPECT_EQ(list.textWidth("ATLAS"), 0);
+}
 
 TEST_F(ListBoxTest, TellsItsViewOfEntriesAndSelection) {
   RecordingView view;

@@ -18,9 +18,9 @@ class KeysForm : public RecordingForm {
     adopt(fraMore, {{"txtAccount", txtAccount}, {"chkMore", chkMore}});
     cmdOK.Default = true;
     cmdCancel.Cancel = true;
-    for (Control* control : {static_cast<Control*>(&txtName), static_cast<Control*>(&cmdOK),
-                             static_cast<Control*>(&cmdCancel), static_cast<Control*>(&txtAccount),
-                             static_cast<Control*>(&chkMore)}) {
+    for (Control* control :
+         {static_cast<Control*>(&txtName), static_cast<Control*>(&cmdOK), static_cast<Control*>(&cmdCancel),
+          static_cast<Control*>(&txtAccount), static_cast<Control*>(&chkMore)}) {
       control->GotFocus = [this, control] { seen.push_back("+" + control->Name()); };
       control->LostFocus = [this, control] { seen.push_back("-" + control->Name()); };
     }

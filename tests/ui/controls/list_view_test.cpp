@@ -168,8 +168,7 @@ TEST_F(ListViewTest, TellsItsViewWhatHasChanged) {
   list.ColumnHeaders(2).Width = 3;
   list.ListItems.Remove(5);
   list.ListItems.Clear();
-  EXPECT_THAT(view.told,
-              ElementsAre("rows", "row EOS", "show EOS", "row EOS", "columns", "rows", "rows"));
+  EXPECT_THAT(view.told, ElementsAre("rows", "row EOS", "show EOS", "row EOS", "columns", "rows", "rows"));
 }
 
 TEST_F(ListViewTest, TellsItsViewOfBothRowsWhenTheSelectionMoves) {
@@ -270,7 +269,9 @@ TEST_F(ListViewTest, TellsKeysColumnsAndMouseButtons) {
   std::vector<std::string> seen;
   list.KeyPress = [&](int& key) { seen.push_back("key " + std::to_string(key)); };
   list.ColumnClick = [&](ColumnHeader& column) { seen.push_back("column " + column.Text); };
-  list.MouseDown = [&](MouseButton, const ListHit& hit) { seen.push_back(hit.item ? "down" : "down beside"); };
+  list.MouseDown = [&](MouseButton, const ListHit& hit) {
+    seen.push_back(hit.item ? "down" : "down beside");
+  };
   list.MouseUp = [&](MouseButton button, const ListHit& hit) {
     seen.push_back((button == MouseButton::Right ? "right " : "left ") + hit.item->Text + " " +
                    std::to_string(hit.subItem) + " " + std::to_string(hit.flags));

@@ -12,9 +12,12 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* kReported = "MessageBox critical: Run-time error '3265':<CR><LF><CR><LF>No such column: Port.";
+constexpr const char* kReported =
+    "MessageBox critical: Run-time error '3265':<CR><LF><CR><LF>No such column: Port.";
 
-void fail() { throw RuntimeError(kItemNotFound, "No such column: Port."); }
+void fail() {
+  throw RuntimeError(kItemNotFound, "No such column: Port.");
+}
 
 class ScreenTest : public UiTest {
  protected:
@@ -31,7 +34,8 @@ TEST_F(ScreenTest, ShowsMessageBoxesWithTheApplicationTitle) {
   ui.screen.messageBox("Could not retrieve members.", platform::MessageIcon::Exclamation);
   ui.screen.messageBox("Broken.", platform::MessageIcon::Critical);
   ui.screen.MsgBox({.text = "There are no groups that can be edited."});
-  ui.screen.MsgBox({.text = "Could not start Notepad.exe.", .icon = BoxIcon::Critical, .title = "Traffic Analyzer"});
+  ui.screen.MsgBox(
+      {.text = "Could not start Notepad.exe.", .icon = BoxIcon::Critical, .title = "Traffic Analyzer"});
   ui.screen.MsgBox({.text = "Aborting...", .icon = BoxIcon::Critical, .systemModal = true});
   EXPECT_THAT(journal, ElementsAre("MessageBox exclamation: Could not retrieve members.",
                                    "MessageBox critical: Broken.",
@@ -46,8 +50,7 @@ TEST_F(ScreenTest, AsksQuestions) {
   const MessageBox question{.text = "Sure?", .icon = BoxIcon::Question, .buttons = BoxButtons::YesNo};
   EXPECT_EQ(ui.screen.MsgBox(question), Answer::No);
   EXPECT_EQ(ui.screen.MsgBox(question), Answer::Yes);
-  EXPECT_THAT(journal,
-              ElementsAre("MessageBox question: Sure? -> No", "MessageBox question: Sure? -> Yes"));
+  EXPECT_THAT(journal, ElementsAre("MessageBox question: Sure? -> No", "MessageBox question: Sure? -> Yes"));
 }
 
 TEST_F(ScreenTest, AsksForALineOfText) {
@@ -55,7 +58,8 @@ TEST_F(ScreenTest, AsksForALineOfText) {
   ui.nextInput("");
   EXPECT_EQ(ui.screen.InputBox("Enter Computer name or IP address:"), "ATLAS");
   EXPECT_EQ(ui.screen.InputBox("Again:"), "");
-  EXPECT_THAT(journal, ElementsAre("InputBox Enter Computer name or IP address: -> ATLAS", "InputBox Again: -> "));
+  EXPECT_THAT(journal,
+              ElementsAre("InputBox Enter Computer name or IP address: -> ATLAS", "InputBox Again: -> "));
 }
 
 TEST_F(ScreenTest, AsksForAFileAndKeepsTheNameWhenTheUserCancels) {
@@ -66,9 +70,11 @@ TEST_F(ScreenTest, AsksForAFileAndKeepsTheNameWhenTheUserCancels) {
   ui.nextFile(R"(C:\vhaconfig.ini)");
   EXPECT_TRUE(ui.screen.ShowOpen(dialog));
   EXPECT_EQ(dialog.FileName, R"(C:\vhaconfig.ini)");
-  EXPECT_THAT(journal,
-              ElementsAre("OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini -> cancelled",
-                          R"(OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini -> C:\vhaconfig.ini)"));
+  EXPECT_THAT(
+      journal,
+      ElementsAre(
+          "OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini -> cancelled",
+          R"(OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini -> C:\vhaconfig.ini)"));
 }
 
 TEST_F(ScreenTest, SetsThePointerOfTheWholeProgram) {
@@ -239,7 +245,8 @@ TEST_F(ScreenTest, RunsUntilTheLastFormIsUnloaded) {
     frmMain.userClose();
   };
   EXPECT_EQ(ui.screen.run([this] { frmMain.Show(); }), 0);
-  EXPECT_THAT(fakes::linesWithout(journal, {"frmMain"}), ElementsAre("Show frmMain", "loop", "Close frmMain"));
+  EXPECT_THAT(fakes::linesWithout(journal, {"frmMain"}),
+              ElementsAre("Show frmMain", "loop", "Close frmMain"));
 }
 
 TEST_F(ScreenTest, RunsNoLoopWhenTheStartLeavesNoFormShown) {
@@ -252,11 +259,11 @@ TEST_F(ScreenTest, LetsTheStartShowAndUnloadFormsBeforeTheFirstThatStays) {
   ui.onLoop = [this] { frmMain.userClose(); };
   ui.nextModal("frmA", [](Form& form) { form.Unload(); });
   EXPECT_EQ(ui.screen.run([this] {
-              frmA.Show();
-              frmA.Unload();
-              frmA.ShowModal();
-              frmMain.Show();
-            }),
+    frmA.Show();
+    frmA.Unload();
+    frmA.ShowModal();
+    frmMain.Show();
+  }),
             0);
   EXPECT_THAT(fakes::linesOf(journal, "Show"), ElementsAre("Show frmA", "Show modal frmA", "Show frmMain"));
 }

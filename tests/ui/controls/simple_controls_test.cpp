@@ -179,7 +179,9 @@ TEST(ControlArray, RefusesAnIndexThatItDoesNotHave) {
 TEST(Label, TellsAPressAndTheMovesOfThePointer) {
   Label label("link");
   std::vector<std::string> seen;
-  label.MouseDown = [&](MouseButton button) { seen.push_back(button == MouseButton::Left ? "left" : "right"); };
+  label.MouseDown = [&](MouseButton button) {
+    seen.push_back(button == MouseButton::Left ? "left" : "right");
+  };
   label.Click = [&] { seen.push_back("click"); };
   label.MouseMove = [&](bool inside) { seen.push_back(inside ? "in" : "out"); };
   label.userMove(true);

@@ -135,7 +135,8 @@ TEST_F(TreeViewTest, OpensWhatANodeStandsUnderToShowIt) {
 
 TEST_F(TreeViewTest, TellsMouseButtonsWithTheNodeUnderThePointer) {
   tree.MouseDown = [this](MouseButton button, TreeNode* node) {
-    seen.push_back((button == MouseButton::Right ? "right " : "left ") + (node ? node->Text.get() : "nothing"));
+    seen.push_back((button == MouseButton::Right ? "right " : "left ") +
+                   (node ? node->Text.get() : "nothing"));
   };
   tree.MouseUp = [this](MouseButton, TreeNode* node) { seen.push_back(node ? "up" : "up beside"); };
   tree.userMouseDown(MouseButton::Right, 2);

@@ -1,6 +1,6 @@
-/* What a Unix host lacks and the companion library gives it beside qrvutil.h: thread handles, and the view of a
- * computer's services, event logs and administrative shares. Windows hosts call Win32 instead. Results are Win32
- * error numbers, 0 for success. */
+/* What a Unix host lacks and the companion library gives it beside qrvutil.h: thread handles, and the view of
+ * a computer's services, event logs and administrative shares. Windows hosts call Win32 instead. Results are
+ * Win32 error numbers, 0 for success. */
 #ifndef VARNHOLD_QRVHOST_H
 #define VARNHOLD_QRVHOST_H
 
@@ -29,7 +29,8 @@ QRV_EXPORT uint32_t qrvHostOpenEventLog(const char* machine, const char* log);
 QRV_EXPORT uint32_t qrvHostConnectShare(const char* share, const char* account, const char* password);
 /* "net use \\HOST\C$ /DELETE" */
 QRV_EXPORT uint32_t qrvHostDisconnectShare(const char* share);
-/* The local path behind "\\HOST\C$\folder\file"; path has kQrvFolderSize bytes. 0 when the share can be reached. */
+/* The local path behind "\\HOST\C$\folder\file"; path has kQrvFolderSize bytes. 0 when the share can be
+ * reached. */
 QRV_EXPORT uint32_t qrvHostSharePath(const char* uncPath, char* path);
 
 #ifdef __cplusplus

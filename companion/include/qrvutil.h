@@ -1,12 +1,13 @@
 /* The C ABI of the companion library qrvUtil: what the console requires of any library in its place.
  *
- * Strings are 8-bit (on Windows the ANSI code page, elsewhere UTF-8), closed by a NUL. A string parameter stays
- * writable for its own length; buffers have the sizes stated. On 32-bit Windows the calling convention is stdcall and
- * the system record has 36 bytes.
+ * Strings are 8-bit (on Windows the ANSI code page, elsewhere UTF-8), closed by a NUL. A string parameter
+ * stays writable for its own length; buffers have the sizes stated. On 32-bit Windows the calling convention
+ * is stdcall and the system record has 36 bytes.
  *
- * A function that starts a worker takes its own copy of all it needs before it returns, and gives a thread handle
- * that the caller owns: on Windows a Win32 thread handle for GetExitCodeThread and CloseHandle, elsewhere one for the
- * functions of qrvhost.h. 0: no thread was started. Every job thread ends with 1000 plus a result code.
+ * A function that starts a worker takes its own copy of all it needs before it returns, and gives a thread
+ * handle that the caller owns: on Windows a Win32 thread handle for GetExitCodeThread and CloseHandle,
+ * elsewhere one for the functions of qrvhost.h. 0: no thread was started. Every job thread ends with 1000
+ * plus a result code.
  *
  * All functions are called from one thread of the console. */
 #ifndef VARNHOLD_QRVUTIL_H
@@ -30,7 +31,7 @@ typedef void* QrvThread;
 
 /* Sizes of buffers, in bytes. */
 enum {
-  kQrvSystemNameSize = 256,   /* a system's name that the library may write back */
+  kQrvSystemNameSize = 256, /* a system's name that the library may write back */
   kQrvResolvedNameSize = 512,
   kQrvText1Size = 256,
   kQrvText2Size = 64,
@@ -75,11 +76,11 @@ QRV_EXPORT QrvThread QRV_CALL qrvCInstall(QrvDeploymentJob* job, char* libraryPa
 QRV_EXPORT QrvThread QRV_CALL qrvCUninstall(QrvDeploymentJob* job, char* libraryPath);
 
 /* 1 on success; writes vhsetup.ins into the library's folder. */
-QRV_EXPORT int32_t QRV_CALL qrvCCreateConfigurationFile(char* libraryPath, char* systemName, char* installDirectory,
-                                                        int32_t agentMode);
+QRV_EXPORT int32_t QRV_CALL qrvCCreateConfigurationFile(char* libraryPath, char* systemName,
+                                                        char* installDirectory, int32_t agentMode);
 /* Non-zero on success; edits the ini file for a mode: 0 and 1 standard, 5 high performance. */
-QRV_EXPORT int32_t QRV_CALL qrvCReadNWriteVhaConfigINI4Turbo(char* agentLibraryPath, char* agentFolder, char* iniPath,
-                                                             int32_t mode);
+QRV_EXPORT int32_t QRV_CALL qrvCReadNWriteVhaConfigINI4Turbo(char* agentLibraryPath, char* agentFolder,
+                                                             char* iniPath, int32_t mode);
 /* Non-zero when the name resolves; systemName has kQrvSystemNameSize bytes, address kQrvAddressSize. */
 QRV_EXPORT int32_t QRV_CALL qrvGetSystemIPAddress(char* systemName, char* address);
 /* Non-zero when the system was found and answered. */

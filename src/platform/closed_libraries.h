@@ -7,9 +7,9 @@
 
 namespace varnhold::platform {
 
-/// The record of one remote job as it crosses to `qrvUtil`, fields in the order of that library. Strings are UTF-8
-/// here and 8-bit ANSI there; the library may overwrite each within its own length plus the closing NUL, and they
-/// come back changed.
+/// The record of one remote job as it crosses to `qrvUtil`, fields in the order of that library. Strings are
+/// UTF-8 here and 8-bit ANSI there; the library may overwrite each within its own length plus the closing
+/// NUL, and they come back changed.
 struct DeploymentJob {
   std::string Spare0;
   std::string SystemName;  ///< target computer; with leading `\\` for uninstall and upgrade over the domain
@@ -28,8 +28,8 @@ struct DeploymentJob {
   std::uint8_t UseDefaultConfig = 0;
 };
 
-/// The record that `qrvFindSystemAndReturnDetails` fills and `qrvUpdateSystemDetailsInDB` stores. Every string
-/// crosses as a buffer filled with NULs to the stated length and comes back cut at its first NUL.
+/// The record that `qrvFindSystemAndReturnDetails` fills and `qrvUpdateSystemDetailsInDB` stores. Every
+/// string crosses as a buffer filled with NULs to the stated length and comes back cut at its first NUL.
 struct SystemDetails {
   static constexpr std::size_t kSystemNameLength = 256, kResolvedNameLength = 512, kText1Length = 256,
                                kText2Length = 64;
@@ -37,26 +37,27 @@ struct SystemDetails {
   std::string SystemName;  ///< in: the computer's name
   std::int32_t DetailLevel = 1;
   std::int32_t DetailsReserved1 = 0;
-  std::string ResolvedName;          ///< out: the name as the network gives it
-  std::int32_t OSMajorVersion = 0;   ///< out: above 5 is the Vista/2008 generation
+  std::string ResolvedName;         ///< out: the name as the network gives it
+  std::int32_t OSMajorVersion = 0;  ///< out: above 5 is the Vista/2008 generation
   std::int32_t DetailsReserved2 = 0;
   std::int32_t SystemType = 0;  ///< out: a value of `System_Type`
   std::string DetailsText1, DetailsText2;
 };
 
 /// The closed libraries, loaded when a function of theirs is first called. A library that is missing raises
-/// RuntimeError kFileNotFound, one that lacks the function kLibraryFunctionMissing; both say which file was looked
-/// for, where, and what to do. String references may come back changed. Main thread.
+/// RuntimeError kFileNotFound, one that lacks the function kLibraryFunctionMissing; both say which file was
+/// looked for, where, and what to do. String references may come back changed. Main thread.
 class ClosedLibraries {
  public:
   virtual ~ClosedLibraries() = default;
 
-  /// Starts a job thread, which ends with 1000 plus a result code; 0 when none was started. `libraryPath` is the
-  /// folder of the installation material ("...\remins").
+  /// Starts a job thread, which ends with 1000 plus a result code; 0 when none was started. `libraryPath` is
+  /// the folder of the installation material ("...\remins").
   [[nodiscard]] virtual ThreadHandle qrvCInstall(DeploymentJob& job, const std::string& libraryPath) = 0;
   [[nodiscard]] virtual ThreadHandle qrvCUninstall(DeploymentJob& job, const std::string& libraryPath) = 0;
   [[nodiscard]] virtual ThreadHandle qrvCUpgradeAgent(DeploymentJob& job, const std::string& libraryPath) = 0;
-  /// Passes `SystemName`, `AgentMode`, `OSFlag`, `ConfigFile`, `RemedialFlag` and `UseDefaultConfig` of the job.
+  /// Passes `SystemName`, `AgentMode`, `OSFlag`, `ConfigFile`, `RemedialFlag` and `UseDefaultConfig` of the
+  /// job.
   [[nodiscard]] virtual ThreadHandle qrvCUpgradeAgentOverIP(const std::string& agentLibraryPath,
                                                             DeploymentJob& job) = 0;
 
@@ -70,8 +71,8 @@ class ClosedLibraries {
                                                               const std::string& agentFolder,
                                                               const std::string& iniPath,
                                                               std::int32_t mode) = 0;
-  /// True when the name resolves. `address` comes back from a buffer of 256 NULs, uncut; `systemName` may come
-  /// back as the resolved name.
+  /// True when the name resolves. `address` comes back from a buffer of 256 NULs, uncut; `systemName` may
+  /// come back as the resolved name.
   [[nodiscard]] virtual bool qrvGetSystemIPAddress(std::string& systemName, std::string& address) = 0;
   /// True when the system was found and answered.
   [[nodiscard]] virtual bool qrvFindSystemAndReturnDetails(SystemDetails& details) = 0;

@@ -17,8 +17,8 @@ enum class FileOutcome {
 
 enum class FileAccess { Everyone, OwnerOnly };
 
-/// Files by their full path, in the product's form: UTF-8, backslashes between folders, `\\HOST\C$\...` for an
-/// administrative share, letters of either case. An adapter translates in one place. Main thread.
+/// Files by their full path, in the product's form: UTF-8, backslashes between folders, `\\HOST\C$\...` for
+/// an administrative share, letters of either case. An adapter translates in one place. Main thread.
 class Files {
  public:
   virtual ~Files() = default;
@@ -33,8 +33,8 @@ class Files {
   /// Makes a file that must not exist yet.
   [[nodiscard]] virtual FileOutcome createNew(const std::string& path, std::string_view bytes,
                                               FileAccess access) = 0;
-  /// CreateFile with all access (0x10000000), no sharing, disposition 2 (always create), and closes it: true when
-  /// that worked. Leaves an empty file.
+  /// CreateFile with all access (0x10000000), no sharing, disposition 2 (always create), and closes it: true
+  /// when that worked. Leaves an empty file.
   [[nodiscard]] virtual bool createProbe(const std::string& path) = 0;
   /// DeleteFile.
   virtual FileOutcome remove(const std::string& path) = 0;

@@ -8,9 +8,9 @@ namespace varnhold::platform {
 
 using ServiceHandle = std::uintptr_t;  ///< SC_HANDLE; 0 is none
 
-inline constexpr std::uint32_t kServiceAllAccess = 0xF01FF;        ///< winsvc.h SERVICE_ALL_ACCESS
-inline constexpr std::uint32_t kServiceControlStop = 1;            ///< winsvc.h SERVICE_CONTROL_STOP
-inline constexpr std::uint32_t kErrorServiceAlreadyRunning = 1056; ///< winerror.h
+inline constexpr std::uint32_t kServiceAllAccess = 0xF01FF;         ///< winsvc.h SERVICE_ALL_ACCESS
+inline constexpr std::uint32_t kServiceControlStop = 1;             ///< winsvc.h SERVICE_CONTROL_STOP
+inline constexpr std::uint32_t kErrorServiceAlreadyRunning = 1056;  ///< winerror.h
 
 /// The service control manager of a computer, call by call as winsvc.h has it. Main thread.
 class ServiceControl {

@@ -20,8 +20,7 @@ class BlockBuffer {
   std::size_t size_ = 0;
 };
 
-/// For each column, how many UTF-16 units of text it is read with, its closing NUL included; 0: not yet
-/// known.
+/// For each column, how many UTF-16 units it is read with, the closing NUL included; 0: not yet known.
 using TextWidths = std::vector<std::size_t>;
 
 /// Reads all rows of an executed statement, in blocks of bound columns.

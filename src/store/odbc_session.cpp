@@ -31,16 +31,14 @@ constexpr std::array<EngineSetting, 3> kSettings{{
      "'ANSI_QUOTES')"},
 }};
 
-/// Text whose way through the driver shows whether it garbles what is not ASCII: in and beyond the first
-/// plane.
+/// Text that shows whether the way to the driver garbles what is not ASCII, in and beyond the first plane.
 constexpr std::string_view kTrialText = "\u00e9\u20ac\U0001F5A5";
 
 RuntimeError noMemory() {
   return {kDatabaseFailed, "The ODBC driver manager gives no handle."};
 }
 
-/// A NUL would end a statement early at the engine, which might carry out its beginning, and would cut a
-/// value.
+/// A NUL would end a statement early at the engine, which might carry out its beginning, or cut a value.
 void refuseNul(std::string_view text) {
   if (text.find('\0') == std::string_view::npos) return;
   throw RuntimeError(kStatementRefused, "The statement holds a NUL character, which no database takes.");

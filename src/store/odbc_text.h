@@ -20,8 +20,7 @@ class WideText {
   std::u16string units_;
 };
 
-/// Appends `count` units of UTF-16 as UTF-8. Names and paths are nearly always ASCII, which is copied at
-/// once.
+/// Appends `count` units of UTF-16 as UTF-8. Names and paths are nearly always ASCII: copied at once.
 void appendUtf8(std::string& text, const SQLWCHAR* units, std::size_t count);
 
 [[nodiscard]] inline std::string utf8Of(const SQLWCHAR* units, std::size_t count) {

@@ -11,8 +11,7 @@
 
 namespace varnhold::store {
 
-/// An open recordset: what it was opened on, the rows once they were asked for, its place, and the row being
-/// written.
+/// An open recordset: what it was opened on, the rows once asked for, its place, and the row being written.
 struct Recordset::State {
   std::weak_ptr<Connection::Session> connection;
   std::string source;

@@ -9,8 +9,7 @@
 
 namespace varnhold::store {
 
-/// The schema file of an engine, built into the program. Raises kDatabaseFailed for an engine that there is
-/// none for.
+/// The schema file of an engine, built into the program. Raises kDatabaseFailed where there is none.
 [[nodiscard]] std::string_view schemaText(Engine engine);
 
 /// The statements of a schema file, in order, without their closing semicolons. A statement ends with a line
@@ -18,8 +17,7 @@ namespace varnhold::store {
 [[nodiscard]] std::vector<std::string> schemaStatements(std::string_view text);
 
 /// Makes the inventory's tables and keys. The program itself never does: it is for what sets a home up.
-/// Errors as for `Connection`; tables that are there already are refused, and those made before an error
-/// stay.
+/// Errors as for `Connection`; tables that are there already are refused; those made before an error stay.
 void createTables(Connection& connection);
 
 }  // namespace varnhold::store

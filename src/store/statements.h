@@ -105,8 +105,7 @@ struct Hole {
 /// A hole of `text` that no value is given for raises kInvalidProcedureCall.
 [[nodiscard]] std::string fill(std::string_view text, std::initializer_list<Hole> holes);
 
-/// The names in apostrophes, joined by commas, for `{list}`; no names give one empty name. No escaping here
-/// either.
+/// The names in apostrophes, joined by commas, for `{list}`; no names give one empty name. No escaping.
 [[nodiscard]] std::string quotedList(const std::vector<std::string>& names);
 
 }  // namespace varnhold::store::statements

@@ -83,12 +83,14 @@ TEST(HostileList, AnApostropheOnUninstallGivesThatComputerUpWithTheWordInstallin
   Stage stage;
   stage.addComputer("O'BRIEN", kHost + "[result]\nuninstall = 152\n");
   stage.addComputer("HOST1", "[host]\naddress = 10.1.1.12\ntype = 7\nanswers = yes\n");
-  Stage::execute("INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual, Agentless) VALUES "
-                 "('HOST1', 1, 'C:', 0, 1)");
+  Stage::execute(
+      "INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual, Agentless) VALUES "
+      "('HOST1', 1, 'C:', 0, 1)");
   stage.writeFile("list.txt", "O'BRIEN\nHOST1\n");
   const auto outcome = stage.run({"-U", "-F:list.txt"});
   ASSERT_THAT(outcome.log, SizeIs(2));
-  EXPECT_THAT(outcome.log[0], StartsWith("<time> :: Error occurred while installing agent on O'BRIEN. Error:"));
+  EXPECT_THAT(outcome.log[0],
+              StartsWith("<time> :: Error occurred while installing agent on O'BRIEN. Error:"));
   EXPECT_EQ(outcome.log[1], "<time> :: HOST1: Agent uninstalled successfully.");
 }
 

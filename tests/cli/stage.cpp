@@ -77,7 +77,8 @@ Stage::Stage() : home_(stageFolder() / "the home") {
 }
 
 void Stage::putLibrary(const std::string& folder) {
-  fs::copy_file(kBin / folder / kLibraryName, home_ / kLibraryName, fs::copy_options::overwrite_existing);
+  takeLibraryAway();
+  fs::copy_file(kBin / folder / kLibraryName, home_ / kLibraryName);
 }
 
 void Stage::takeLibraryAway() {

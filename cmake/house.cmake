@@ -21,8 +21,6 @@ endif()
 
 if(VARNHOLD_SANITIZE)
   add_compile_options(-fsanitize=${VARNHOLD_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -O1)
-  # The sanitizers' own code makes this compiler see uninitialised members inside the standard library.
-  add_compile_options(-Wno-maybe-uninitialized)
   add_link_options(-fsanitize=${VARNHOLD_SANITIZE})
 endif()
 if(VARNHOLD_FUZZ)

@@ -10,8 +10,7 @@ const ServerUnderTest kServerUnderTest{"SELECT pg_backend_pid() AS Session_Numbe
 
 namespace {
 
-/// PostgreSQL with SQL Server's catalogue in small, so that the query for the foreign key and what follows
-/// run.
+/// PostgreSQL with SQL Server's catalogue in small, so that the query for the foreign key runs.
 class ComputerForeignKey : public InventoryContract {
  protected:
   void SetUp() override {

@@ -46,8 +46,9 @@ bool Screen::ShowOpen(FileDialog& dialog) {
   stopIfEnded();
   auto chosen = toolkit_.openFile(dialog, ActiveForm());
   stopIfEnded();
-  if (chosen) dialog.FileName = *std::move(chosen);
-  return chosen.has_value();
+  if (!chosen) return false;
+  dialog.FileName = *std::move(chosen);
+  return true;
 }
 
 void Screen::DoEvents() {

@@ -52,6 +52,11 @@ function(varnhold_test name)
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()
 
+# Where tests keep the files that programs run as somebody else must reach: a checkout may lie in a private folder.
+string(MD5 build_name "${CMAKE_BINARY_DIR}")
+string(SUBSTRING "${build_name}" 0 8 build_name)
+set(VARNHOLD_SCRATCH "/tmp/varnhold-${build_name}")
+
 # The host's ODBC driver manager.
 add_library(odbc_driver_manager INTERFACE)
 target_link_libraries(odbc_driver_manager INTERFACE $<IF:$<BOOL:${WIN32}>,odbc32,odbc>)

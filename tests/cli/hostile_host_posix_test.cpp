@@ -44,7 +44,7 @@ pid_t start(const Stage& stage, const std::vector<const char*>& arguments,
             const std::function<void()>& inChild) {
   const auto program = stage.home() / "AgentInstaller";
   const auto errors = stage.home().parent_path() / "host.err";
-  const auto library = fs::path(stage.home().parent_path().parent_path() / "bin" / "libqrvUtil.so").string();
+  const auto library = Stage::companionLibrary().string();
   const auto child = fork();
   if (child != 0) return child;
   setenv("VARNHOLD_HOME", stage.home().c_str(), 1);

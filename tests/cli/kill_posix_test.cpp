@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 
 void startAndKill(const Stage& stage, const char* action, std::chrono::milliseconds after) {
   const auto program = (stage.home() / "AgentInstaller").string();
-  const auto library = (stage.home().parent_path().parent_path() / "bin" / "libqrvUtil.so").string();
+  const auto library = Stage::companionLibrary().string();
   const auto child = fork();
   if (child == 0) {
     setenv("VARNHOLD_HOME", stage.home().c_str(), 1);

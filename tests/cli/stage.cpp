@@ -98,6 +98,10 @@ void Stage::takeLibraryAway() {
   fs::remove(home_ / kLibraryName);
 }
 
+fs::path Stage::companionLibrary() {
+  return kBin / kLibraryName;
+}
+
 void Stage::addComputer(const std::string& name, const std::string& hostIni) {
   fs::create_directories(home_ / "lab" / name / "C");
   writeFile("lab/" + name + "/host.ini", hostIni);
@@ -113,7 +117,7 @@ Stage::Outcome Stage::run(const std::vector<std::string>& arguments) {
   const auto process = runProcess(textOf(home_ / kProgram), arguments,
                                   {{"VARNHOLD_HOME", textOf(home_)},
                                    {"VARNHOLD_CALL_LOG", textOf(callLog)},
-                                   {"VARNHOLD_RECORDED_LIBRARY", textOf(kBin / kLibraryName)}},
+                                   {"VARNHOLD_RECORDED_LIBRARY", textOf(companionLibrary())}},
                                   textOf(stageFolder() / "run.err"));
   Outcome outcome{process.exitStatus, replaceAll(process.standardError, textOf(home_), "<home>"), {}, {}};
   const auto log = linesOf(readFile(home_ / "AILog.txt"), "\r\n");

@@ -21,6 +21,8 @@ class Stage {
   void putLibrary(const std::string& folder);
   void takeLibraryAway();
   [[nodiscard]] std::filesystem::path home() const { return home_; }
+  /// The companion library of the build, which the recorder hands each call on to.
+  [[nodiscard]] static std::filesystem::path companionLibrary();
 
   struct Outcome {
     int exitStatus = -1;

@@ -19,6 +19,9 @@ enum Key : int { kKeyBack = 8, kKeyReturn = 13, kKeyEscape = 27, kKeyF1 = 112, k
 /// What is held down together with a key or a mouse button; a mask.
 enum Modifier : int { kNoModifier = 0, kShift = 1, kControl = 2, kAlt = 4 };
 
+/// A form's frame: none (a splash), one that can be sized, one that can't.
+enum class BorderStyle { None = 0, Sizable = 2, FixedDialog = 3 };
+
 enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 
 /// Why a form is asked to close: by its frame, by code, because the session ends, because its owner closes.

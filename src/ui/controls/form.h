@@ -46,8 +46,7 @@ class Form : public Component {
   Property<ui::WindowState> WindowState{*this, ui::WindowState::Normal};
   /// Twips, 15 to a pixel at 100 %; 0 leaves the size to the view.
   Property<int> Width{*this}, Height{*this};
-  /// False: a fixed frame.
-  Property<bool> Sizable{*this};
+  Property<ui::BorderStyle> BorderStyle{*this, ui::BorderStyle::FixedDialog};
   Property<std::string> Tag{*this};
 
   [[nodiscard]] const std::string& Name() const { return name_; }

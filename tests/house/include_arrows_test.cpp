@@ -30,6 +30,7 @@ const std::vector<Room>& rooms() {
       {"src/ui/controls", {"base/", "platform/"}},
       {"src/core", {"base/", "platform/", "store/"}},
       {"src/deployment", {"base/", "platform/", "store/", "core/"}},
+      {"src/console", {"base/", "platform/", "store/", "core/", "ui/controls/"}},
       {"src/startup", {"base/", "platform/", "store/", "core/", "deployment/"}},
       {"src/app", {"base/", "platform/", "store/", "core/", "deployment/", "startup/"}},
       {"companion", {"base/", "platform/", "store/", "qrvutil.h", "qrvhost.h"}},

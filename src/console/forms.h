@@ -1,0 +1,23 @@
+#pragma once
+
+#include "console/frmMain.h"
+#include "console/frmWait.h"
+#include "console/splash.h"
+
+namespace varnhold::console {
+
+/// Every form of the console, each built once. They are loaded and unloaded many times; what they publish to
+/// each other in plain members stays. Main thread.
+struct Forms {
+  /// Both outlive the forms.
+  Forms(core::Program& program, ui::Screen& screen);
+  Forms(const Forms&) = delete;
+  Forms& operator=(const Forms&) = delete;
+
+  console::frmSplash frmSplash;
+  console::frmTKWSplash frmTKWSplash;
+  console::frmWait frmWait;
+  console::frmMain frmMain;  ///< the program's `gMainForm`
+};
+
+}  // namespace varnhold::console

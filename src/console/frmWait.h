@@ -1,0 +1,27 @@
+#pragma once
+
+#include "ui/controls/form.h"
+#include "ui/controls/label.h"
+
+namespace varnhold::core {
+struct Program;
+}
+
+namespace varnhold::console {
+
+/// Says what the program waits for. Each time it is activated it ends the console's background threads and
+/// goes away by itself.
+class frmWait : public ui::Form {
+ public:
+  frmWait(core::Program& program, ui::Screen& screen);
+
+  /// Whether the threads get up to 75 rounds of 200 milliseconds to end by themselves.
+  bool WaitForThreads = false;
+
+  ui::Label lblTitle;
+
+ private:
+  core::Program& program_;
+};
+
+}  // namespace varnhold::console

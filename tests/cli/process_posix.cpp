@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 
@@ -44,6 +47,7 @@ ProcessResult runProcess(const std::string& program, const std::vector<std::stri
     dup2(file, STDERR_FILENO);
     dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
     execv(program.c_str(), argv.data());
+    dprintf(STDERR_FILENO, "%s did not start: %s\n", program.c_str(), std::strerror(errno));
     _exit(127);
   }
   int status = 0;

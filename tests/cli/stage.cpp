@@ -81,7 +81,8 @@ Stage::Stage() : home_(stageFolder() / "the home") {
   const auto provisioned = runProcess(provision, {"--home", textOf(home_), "--lab", "1"}, {},
                                       textOf(stageFolder() / "provision.err"));
   if (provisioned.exitStatus != 0)
-    throw std::runtime_error("provisioning failed: " + provisioned.standardError);
+    throw std::runtime_error("provisioning ended with status " + std::to_string(provisioned.exitStatus) +
+                             ": " + provisioned.standardError);
   for (const auto& computer : fs::directory_iterator(home_ / "lab")) {
     if (computer.path().filename() != computerName()) fs::remove_all(computer.path());
   }

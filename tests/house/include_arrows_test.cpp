@@ -28,6 +28,7 @@ const std::vector<Room>& rooms() {
       {"src/platform", {"base/"}},
       {"src/store", {"base/"}},
       {"src/ui/controls", {"base/", "platform/"}},
+      {"src/ui/wx", {"base/", "platform/", "store/", "ui/controls/", "core/", "inventory/", "console/"}},
       {"src/core", {"base/", "platform/", "store/"}},
       {"src/deployment", {"base/", "platform/", "store/", "core/"}},
       {"src/console", {"base/", "platform/", "store/", "core/", "ui/controls/"}},

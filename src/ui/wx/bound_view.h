@@ -1,0 +1,112 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+#include "ui/wx/acts.h"
+#include "ui/wx/common_values.h"
+#include "ui/wx/wx_headers.h"
+
+namespace varnhold::ui::wx {
+
+/// The part that all binders' views have in common. `Interface` is the `...View` of the control kind `Kind`,
+/// `Widget` what shows it. A derived view shows the control's values in `show`, and listens to its widget's
+/// events in `listen`, where each user's act becomes a `post`. See `bind`.
+template <class Interface, class Kind, class Widget>
+class BoundView : public Interface {
+ public:
+  BoundView(Widget& widget, Kind& control) : widget_(widget), control_(&control) {}
+
+  void sync() override {
+    if (control_ == nullptr) return;
+    const Quiet quiet(*this);
+    syncCommonValues(widget_, *control_);
+    show(*control_);
+  }
+  void takeFocus() override { widget_.SetFocus(); }
+  void toFront() override { widget_.Raise(); }
+  void released() override { control_ = nullptr; }
+
+  /// Called once, when the widget shows the control.
+  virtual void listen() {}
+
+  /// Reports the focus, for the kinds that take it.
+  void listenToFocus() {
+    widget_.Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+      event.Skip();
+      post([this](Kind& control) {
+        if (hasFocus(widget_)) control.userFocus();
+      });
+    });
+  }
+
+ protected:
+  /// While one of these lives, `post` drops what it is given: the view itself is setting the widget.
+  class Quiet {
+   public:
+    explicit Quiet(BoundView& view) : view_(view), life_(view.life_) { ++view_.quiet_; }
+    Quiet(const Quiet&) = delete;
+    Quiet& operator=(const Quiet&) = delete;
+    ~Quiet() {
+      if (!life_.expired()) --view_.quiet_;
+    }
+
+   private:
+    BoundView& view_;
+    std::weak_ptr<int> life_;
+  };
+
+  /// Makes the widget show the control's values. Under `Quiet`.
+  virtual void show(const Kind& control) = 0;
+
+  /// Hands a user's act over from the event loop, if view and control are there by then; afterwards the
+  /// widget shows again what the control holds. The act may read the view before it calls a `user...` method,
+  /// but not behind it: a handler may have closed the form.
+  void post(std::function<void(Kind&)> act) {
+    if (quiet_ > 0 || control_ == nullptr) return;
+    acts().post([this, life = std::weak_ptr<int>(life_), act = std::move(act)] {
+      if (life.expired() || control_ == nullptr) return;
+      act(*control_);
+      if (!life.expired()) sync();
+    });
+  }
+
+  /// Runs `look` once on a later turn of the event loop, however often it was asked for until then.
+  void lookSoon(std::function<void(Kind&)> look) {
+    if (std::exchange(lookPending_, true)) return;
+    acts().post([this, life = std::weak_ptr<int>(life_), look = std::move(look)] {
+      if (life.expired()) return;
+      lookPending_ = false;
+      if (control_ == nullptr) return;
+      const Quiet quiet(*this);
+      look(*control_);
+    });
+  }
+
+  [[nodiscard]] bool isQuiet() const { return quiet_ > 0; }
+  [[nodiscard]] Widget& widget() const { return widget_; }
+  /// The control, or nothing once it has let go of the view.
+  [[nodiscard]] Kind* control() const { return control_; }
+
+ private:
+  Widget& widget_;
+  Kind* control_;
+  int quiet_ = 0;
+  bool lookPending_ = false;
+  std::shared_ptr<int> life_ = std::make_shared<int>();
+};
+
+/// Makes a `View` that shows `control` on `widget`, and gives it to the widget. Returns the widget.
+template <class View, class Widget, class Kind, class... More>
+Widget* bind(Widget* widget, Kind& control, More&&... more) {
+  auto view = std::make_unique<View>(*widget, control, std::forward<More>(more)...);
+  control.attach(*view);
+  view->sync();
+  view->listen();
+  if (control.takesFocus()) view->listenToFocus();
+  keepView(*widget, control, std::move(view));
+  return widget;
+}
+
+}  // namespace varnhold::ui::wx

@@ -1,0 +1,98 @@
+#include "ui/wx/common_values.h"
+
+#include "ui/wx/acts.h"
+#include "ui/wx/wx_headers.h"
+#include "ui/wx/wx_text.h"
+
+namespace varnhold::ui::wx {
+namespace {
+
+/// Holds a widget's view; wx deletes it with the widget.
+class ViewHolder : public wxClientData {
+ public:
+  ViewHolder(Control& control, std::unique_ptr<ControlView> view)
+      : control_(&control), view_(std::move(view)) {}
+
+  [[nodiscard]] const Control* control() const { return control_; }
+
+ private:
+  const Control* control_;
+  std::unique_ptr<ControlView> view_;
+};
+
+wxCursor cursorOf(Pointer pointer) {
+  switch (pointer) {
+    case Pointer::Arrow:
+      return *wxSTANDARD_CURSOR;
+    case Pointer::Hourglass:
+      return *wxHOURGLASS_CURSOR;
+    case Pointer::ArrowHourglass:
+      return wxCursor(wxCURSOR_ARROWWAIT);
+    case Pointer::Custom:
+      return wxCursor(wxCURSOR_HAND);
+    case Pointer::Default:
+      break;
+  }
+  return wxNullCursor;
+}
+
+wxColour colourOf(SystemColor colour) {
+  switch (colour) {
+    case SystemColor::Window:
+      return wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
+    case SystemColor::ButtonFace:
+      return wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+    case SystemColor::Default:
+      break;
+  }
+  return wxNullColour;
+}
+
+void setBackColour(wxWindow& widget, const wxColour& colour) {
+  const bool differs = colour.IsOk() ? widget.GetBackgroundColour() != colour : widget.UseBackgroundColour();
+  if (differs && widget.SetBackgroundColour(colour)) widget.Refresh();
+}
+
+}  // namespace
+
+void syncCommonValues(wxWindow& widget, const Control& control) {
+  if (widget.IsThisEnabled() != control.Enabled.get()) widget.Enable(control.Enabled);
+  if (widget.IsShown() != control.Visible.get()) {
+    widget.Show(control.Visible);
+    layoutSoon(widget);
+  }
+  const auto tip = shown(control.ToolTipText);
+  if (widget.GetToolTipText() != tip) widget.SetToolTip(tip);
+  setPointer(widget, control.MousePointer);
+  setBackColour(widget, colourOf(control.BackColor));
+}
+
+void layoutSoon(wxWindow& widget) {
+  auto* top = wxGetTopLevelParent(&widget);
+  if (top == nullptr) return;
+  acts().post([weak = wxWeakRef<wxWindow>(top)] {
+    if (weak) weak->Layout();
+  });
+}
+
+void keepView(wxWindow& widget, Control& control, std::unique_ptr<ControlView> view) {
+  static_cast<wxEvtHandler&>(widget).SetClientObject(new ViewHolder(control, std::move(view)));
+}
+
+const Control* controlOf(const wxWindow& widget) {
+  const auto* holder =
+      dynamic_cast<const ViewHolder*>(static_cast<const wxEvtHandler&>(widget).GetClientObject());
+  return holder == nullptr ? nullptr : holder->control();
+}
+
+void setPointer(wxWindow& window, Pointer pointer) {
+  const auto cursor = cursorOf(pointer);
+  if (cursor.IsOk() || window.GetCursor().IsOk()) window.SetCursor(cursor);
+}
+
+bool hasFocus(const wxWindow& widget) {
+  const auto* focus = wxWindow::FindFocus();
+  return focus != nullptr && (focus == &widget || widget.IsDescendant(const_cast<wxWindow*>(focus)));
+}
+
+}  // namespace varnhold::ui::wx

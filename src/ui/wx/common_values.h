@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "ui/controls/control.h"
+
+class wxWindow;
+
+/// What all binders share.
+namespace varnhold::ui::wx {
+
+/// Shows on the widget what every control has: enabled, visible, tool tip, pointer, back colour.
+void syncCommonValues(wxWindow& widget, const Control& control);
+
+/// Lays out the widget's form anew, once, on the next turn of the event loop: a widget came, went, or needs
+/// another size.
+void layoutSoon(wxWindow& widget);
+
+/// Gives the view to the widget that it stands for: it goes when the widget goes.
+void keepView(wxWindow& widget, Control& control, std::unique_ptr<ControlView> view);
+/// The control that the widget was made for, or nothing. The control may be gone by now: only compare it.
+[[nodiscard]] const Control* controlOf(const wxWindow& widget);
+
+/// Sets the pointer over a widget or window; `Default` leaves it to what it stands in.
+void setPointer(wxWindow& window, Pointer pointer);
+
+/// The keyboard focus is in the widget.
+[[nodiscard]] bool hasFocus(const wxWindow& widget);
+
+}  // namespace varnhold::ui::wx

@@ -1,0 +1,9 @@
+#include "ui/wx/icons.h"
+
+namespace varnhold::ui::wx {
+
+wxBitmapBundle icon(const std::string&) {
+  return {};
+}
+
+}  // namespace varnhold::ui::wx

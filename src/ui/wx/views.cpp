@@ -1,0 +1,9 @@
+#include "ui/wx/views.h"
+
+namespace varnhold::ui::wx {
+
+Views allViews() {
+  return {};
+}
+
+}  // namespace varnhold::ui::wx

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -39,7 +40,8 @@ inline constexpr std::string_view kFreshEnding = ".tmp";
 [[nodiscard]] std::unique_ptr<Hold> lockFile(const std::filesystem::path& file);
 
 /// Runs `work` in a thread of its own; its result is the thread's exit code. 0 when no thread could be
-/// started. The handle is the caller's.
-[[nodiscard]] void* startThread(std::function<std::uint32_t()> work);
+/// started. The handle is the caller's. Where the host cannot end a thread from outside without harm, a stop
+/// is requested of the work instead; on Windows the thread is gone in the middle of whatever it did.
+[[nodiscard]] void* startThread(std::function<std::uint32_t(std::stop_token)> work);
 
 }  // namespace varnhold::companion::host

@@ -43,6 +43,10 @@ int32_t qrvHostGetExitCodeThread(QrvThread thread, uint32_t* exitCode) {
       0, [&] { return exitCode != nullptr && workerExitCode(thread, *exitCode) ? 1 : 0; });
 }
 
+int32_t qrvHostTerminateThread(QrvThread thread, uint32_t exitCode) {
+  return abi::guarded<std::int32_t>(0, [&] { return endWorker(thread, exitCode) ? 1 : 0; });
+}
+
 void qrvHostCloseHandle(QrvThread thread) {
   static_cast<void>(abi::guarded<bool>(false, [&] {
     closeWorker(thread);

@@ -64,8 +64,8 @@ QrvThread startJob(JobKind kind, const QrvDeploymentJob* job, const char* librar
   if (script.noThread) return nullptr;
   AgentMaterial material = captureMaterial(host::localPath(*library), kVarnholdAgent,
                                            surroundings.managerName, surroundings.agentVersion);
-  return host::startThread(
-      [work = Job{kind, network, script, *record, std::move(material)}] { return exitCode(work); });
+  return host::startThread([work = Job{kind, network, script, *record, std::move(material)}](
+                               const std::stop_token&) { return exitCode(work); });
 }
 
 LabNetwork lab() {

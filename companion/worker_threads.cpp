@@ -12,11 +12,20 @@ namespace {
 
 constexpr std::uint32_t kStillActive = 259;  // winbase.h STILL_ACTIVE
 
-using ExitCode = std::shared_ptr<std::atomic<std::uint32_t>>;
+struct Worker {
+  std::atomic<std::uint32_t> exitCode = kStillActive;
+  std::stop_source stop;
+
+  /// The first end counts: the work's own, or the one that was forced on it.
+  void end(std::uint32_t code) {
+    std::uint32_t running = kStillActive;
+    exitCode.compare_exchange_strong(running, code);
+  }
+};
 
 struct OpenHandles {
   std::mutex mutex;
-  std::unordered_map<std::uintptr_t, ExitCode> workers;
+  std::unordered_map<std::uintptr_t, std::shared_ptr<Worker>> workers;
   std::uintptr_t last = 0;
 };
 
@@ -28,14 +37,14 @@ OpenHandles& openHandles() {
 
 }  // namespace
 
-void* startWorker(std::function<std::uint32_t()> work) {
-  const auto exitCode = std::make_shared<std::atomic<std::uint32_t>>(kStillActive);
+void* startWorker(std::function<std::uint32_t(std::stop_token)> work) {
+  const auto worker = std::make_shared<Worker>();
   OpenHandles& handles = openHandles();
   const std::lock_guard lock(handles.mutex);
   const std::uintptr_t handle = handles.last + 1;
-  handles.workers.emplace(handle, exitCode);
+  handles.workers.emplace(handle, worker);
   try {
-    std::thread([exitCode, work = std::move(work)] { exitCode->store(work()); }).detach();
+    std::thread([worker, work = std::move(work)] { worker->end(work(worker->stop.get_token())); }).detach();
   } catch (const std::system_error&) {
     handles.workers.erase(handle);
     return nullptr;
@@ -49,7 +58,17 @@ bool workerExitCode(void* handle, std::uint32_t& exitCode) {
   const std::lock_guard lock(handles.mutex);
   const auto found = handles.workers.find(reinterpret_cast<std::uintptr_t>(handle));
   if (found == handles.workers.end()) return false;
-  exitCode = found->second->load();
+  exitCode = found->second->exitCode.load();
+  return true;
+}
+
+bool endWorker(void* handle, std::uint32_t exitCode) {
+  OpenHandles& handles = openHandles();
+  const std::lock_guard lock(handles.mutex);
+  const auto found = handles.workers.find(reinterpret_cast<std::uintptr_t>(handle));
+  if (found == handles.workers.end()) return false;
+  found->second->end(exitCode);
+  found->second->stop.request_stop();
   return true;
 }
 

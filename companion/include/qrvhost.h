@@ -12,6 +12,9 @@ extern "C" {
 
 /* GetExitCodeThread: 259 while the thread runs. Non-zero on success. */
 QRV_EXPORT int32_t qrvHostGetExitCodeThread(QrvThread thread, uint32_t* exitCode);
+/* TerminateThread: the exit code stands at once, and the thread ends itself at its next safe place. One that
+ * has ended keeps its code. Non-zero on success. */
+QRV_EXPORT int32_t qrvHostTerminateThread(QrvThread thread, uint32_t exitCode);
 /* CloseHandle; a running thread goes on. */
 QRV_EXPORT void qrvHostCloseHandle(QrvThread thread);
 

@@ -90,6 +90,21 @@ QRV_EXPORT int32_t QRV_CALL qrvUpdateSystemDetailsInDB(QrvSystemDetails* details
 /* Non-zero on success; path has kQrvFolderSize bytes. */
 QRV_EXPORT int32_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path);
 
+/* Opens the library's own connection to the inventory, and closes it; non-zero on success. */
+QRV_EXPORT int32_t QRV_CALL qrvInitDbConnection(void);
+QRV_EXPORT int32_t QRV_CALL qrvCloseDbConnection(void);
+/* Starts the thread that walks the network and enters what it finds in System_Table. thread receives its
+ * handle; the result is non-zero when it was started. The thread may be ended with TerminateThread, elsewhere
+ * qrvHostTerminateThread. */
+QRV_EXPORT int32_t QRV_CALL qrvNetworkEnum(QrvThread* thread);
+/* The discovery mode, non-zero for automatic: non-zero, and mode set, when one was saved. */
+QRV_EXPORT int16_t QRV_CALL qrvGetNetAccessMode(uint8_t* mode);
+/* 0 when the mode could not be stored. */
+QRV_EXPORT int16_t QRV_CALL qrvSetNetAccessMode(uint8_t mode);
+/* Non-zero when the dotted address belongs to the subnet "a.b.c.0", whose trailing "0" parts stand for any
+ * value. */
+QRV_EXPORT int32_t QRV_CALL qrvCheckIfBelongsToSubnet(char* address, char* subnet);
+
 #ifdef __cplusplus
 }
 #endif

@@ -69,10 +69,11 @@ Win32Error writeFresh(const std::filesystem::path& file, std::string_view bytes)
   return kDone;
 }
 
+using Work = std::function<std::uint32_t(std::stop_token)>;
+
 unsigned __stdcall runWork(void* argument) {
-  const std::unique_ptr<std::function<std::uint32_t()>> work(
-      static_cast<std::function<std::uint32_t()>*>(argument));
-  return (*work)();
+  const std::unique_ptr<Work> work(static_cast<Work*>(argument));
+  return (*work)({});
 }
 
 /// A worker must not lose its code when the program unloads the library.
@@ -117,9 +118,9 @@ std::unique_ptr<Hold> lockFile(const std::filesystem::path& file) {
   return std::make_unique<LockedFile>(file);
 }
 
-void* startThread(std::function<std::uint32_t()> work) {
+void* startThread(Work work) {
   stayLoaded();
-  auto argument = std::make_unique<std::function<std::uint32_t()>>(std::move(work));
+  auto argument = std::make_unique<Work>(std::move(work));
   const std::uintptr_t handle = _beginthreadex(nullptr, 0, &runWork, argument.get(), 0, nullptr);
   if (handle != 0) static_cast<void>(argument.release());
   return reinterpret_cast<void*>(handle);

@@ -10,9 +10,9 @@ namespace {
 using namespace varnhold;
 
 core::Host hostOf(platform::HostAdapters& adapters) {
-  return {adapters.registry(),  adapters.services(),    adapters.eventLog(), adapters.files(),
-          adapters.processes(), adapters.threads(),     adapters.clock(),    adapters.environment(),
-          adapters.libraries(), adapters.unattendedUi()};
+  return {adapters.registry(),  adapters.services(),     adapters.eventLog(), adapters.files(),
+          adapters.processes(), adapters.threads(),      adapters.clock(),    adapters.environment(),
+          adapters.libraries(), adapters.unattendedUi(), adapters.desktop()};
 }
 
 int noConsoleYet(core::Program& program) {

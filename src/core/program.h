@@ -4,6 +4,7 @@
 
 #include "platform/clock.h"
 #include "platform/closed_libraries.h"
+#include "platform/desktop.h"
 #include "platform/environment.h"
 #include "platform/event_log.h"
 #include "platform/files.h"
@@ -31,6 +32,7 @@ struct Host {
   platform::Environment& environment;
   platform::ClosedLibraries& libraries;
   platform::Ui& ui;
+  platform::Desktop& desktop;
 };
 
 /// What lives as long as the process. Built once by `app` and passed by reference; main thread only.
@@ -54,8 +56,13 @@ struct Program {
   std::string gChangesRoot;   ///< `LocalRootDir` of the change-tracking product that was found
   std::string gChangesName;   ///< display name of the change-tracking product
   std::string gExplorerPath;  ///< never assigned, deliberately: its tool has no command
-  std::string gServiceToolPath;  ///< never assigned, deliberately: its tool has no command
-  std::int32_t gCliAction = 0;   ///< command-line installer: 1 install, 2 uninstall
+  std::string gServiceToolPath;    ///< never assigned, deliberately: its tool has no command
+  bool gClosing = false;           ///< the main form is closing
+  bool gCompactConfirmed = false;  ///< the operator's answer before a compaction
+  /// Background threads of the console: network enumeration, adding a domain, adding a subnet, and a fourth
+  /// that is only ever cleared. 0 is none; the second and third are -1 where a start is requested.
+  platform::ThreadHandle gEnumThread = 0, gDomainThread = 0, gSubnetThread = 0, gSpareThread = 0;
+  std::int32_t gCliAction = 0;                           ///< command-line installer: 1 install, 2 uninstall
   std::string gLoginDomain, gLoginUser, gLoginPassword;  ///< the account that the operator logged in with
 };
 

@@ -81,6 +81,22 @@ class ClosedLibraries {
   /// The program-files folder of a remote computer, from its registry, in a buffer of 1024 characters, uncut;
   /// false when it cannot be read.
   [[nodiscard]] virtual bool qrvChkRmtRegNGetPrgFilePath(const std::string& computer, std::string& path) = 0;
+
+  /// Opens the library's own connection to the inventory, and closes it. Nothing is told of a failure.
+  virtual void qrvInitDbConnection() = 0;
+  virtual void qrvCloseDbConnection() = 0;
+  /// Starts the thread that walks the network and enters what it finds in the inventory. `thread` receives
+  /// its handle, 0 when none was started; the result of the call means nothing.
+  virtual void qrvNetworkEnum(ThreadHandle& thread) = 0;
+  /// The stored discovery mode, non-zero for automatic: non-zero when one exists, 0 when none was ever saved;
+  /// `mode` is set only in the first case.
+  [[nodiscard]] virtual std::int16_t qrvGetNetAccessMode(std::uint8_t& mode) = 0;
+  /// Stores the discovery mode; 0 when it could not be stored.
+  [[nodiscard]] virtual std::int16_t qrvSetNetAccessMode(std::uint8_t mode) = 0;
+  /// Non-zero when the dotted address belongs to the subnet "a.b.c.0", whose trailing "0" parts stand for any
+  /// value; an empty address gives 0.
+  [[nodiscard]] virtual std::int32_t qrvCheckIfBelongsToSubnet(const std::string& address,
+                                                               const std::string& subnet) = 0;
 };
 
 }  // namespace varnhold::platform

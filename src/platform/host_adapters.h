@@ -6,6 +6,7 @@
 
 #include "platform/clock.h"
 #include "platform/closed_libraries.h"
+#include "platform/desktop.h"
 #include "platform/environment.h"
 #include "platform/event_log.h"
 #include "platform/files.h"
@@ -40,6 +41,7 @@ class HostAdapters {
   virtual Clock& clock() = 0;
   virtual Environment& environment() = 0;
   virtual ClosedLibraries& libraries() = 0;
+  virtual Desktop& desktop() = 0;
   /// Writes messages to standard error and never waits: for runs without a person.
   virtual Ui& unattendedUi() = 0;
 };

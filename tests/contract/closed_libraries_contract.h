@@ -16,7 +16,8 @@
 /// - its details are the name `HOST1.corp.example`, major version 6 and type 7, with empty texts;
 /// - a job for it starts a thread, and brings its `SystemName` back in capitals, in place.
 ///
-/// No other computer resolves, answers or takes a job.
+/// No other computer resolves, answers or takes a job. It keeps every discovery mode but 255, its enumeration
+/// of the network is a thread that ends with 1000, and of all addresses 10.1.1.11 alone belongs to 10.1.1.0.
 ///
 ///   INSTANTIATE_TYPED_TEST_SUITE_P(Posix, ClosedLibrariesContract, PosixLibrariesHost);
 namespace varnhold::contract {
@@ -27,6 +28,12 @@ concept ClosedLibrariesHost = std::default_initializable<Host> && requires(Host 
   /// One whose library lacks qrvCInstall, and one whose library is not there.
   { host.lackingLibraries() } -> std::convertible_to<platform::ClosedLibraries&>;
   { host.missingLibraries() } -> std::convertible_to<platform::ClosedLibraries&>;
+  /// From now on no discovery mode was ever saved.
+  host.forgetMode();
+  /// From now on at least the mode 255 is not stored.
+  host.refuseMode();
+  /// The threads of the library.
+  { host.threads() } -> std::convertible_to<platform::Threads&>;
   /// Gives the handle of a job's thread back.
   host.close(platform::ThreadHandle{});
 };
@@ -119,6 +126,48 @@ TYPED_TEST_P(ClosedLibrariesContract, GivesNoThreadWhereNoneWasStarted) {
   EXPECT_EQ(this->libraries().qrvCUninstall(job, R"(C:\remins)"), 0u);
 }
 
+TYPED_TEST_P(ClosedLibrariesContract, KeepsTheDiscoveryMode) {
+  std::uint8_t mode = 42;
+  ASSERT_NE(this->libraries().qrvSetNetAccessMode(1), 0);
+  EXPECT_NE(this->libraries().qrvGetNetAccessMode(mode), 0);
+  EXPECT_EQ(mode, 1);
+  ASSERT_NE(this->libraries().qrvSetNetAccessMode(0), 0);
+  EXPECT_NE(this->libraries().qrvGetNetAccessMode(mode), 0);
+  EXPECT_EQ(mode, 0);
+}
+
+TYPED_TEST_P(ClosedLibrariesContract, LeavesTheModeWhereNoneWasSaved) {
+  this->host_.forgetMode();
+  std::uint8_t mode = 42;
+  EXPECT_EQ(this->libraries().qrvGetNetAccessMode(mode), 0);
+  EXPECT_EQ(mode, 42);
+}
+
+TYPED_TEST_P(ClosedLibrariesContract, SaysThatAModeIsNotStored) {
+  this->host_.refuseMode();
+  EXPECT_EQ(this->libraries().qrvSetNetAccessMode(255), 0);
+}
+
+TYPED_TEST_P(ClosedLibrariesContract, GivesTheThreadThatWalksTheNetwork) {
+  platform::ThreadHandle thread = 0;
+  this->libraries().qrvNetworkEnum(thread);
+  ASSERT_NE(thread, 0u);
+  std::uint32_t code = 0;
+  EXPECT_TRUE(this->host_.threads().getExitCodeThread(thread, code));
+  this->host_.close(thread);
+}
+
+TYPED_TEST_P(ClosedLibrariesContract, AsksWhetherAnAddressBelongsToASubnet) {
+  EXPECT_NE(this->libraries().qrvCheckIfBelongsToSubnet("10.1.1.11", "10.1.1.0"), 0);
+  EXPECT_EQ(this->libraries().qrvCheckIfBelongsToSubnet("10.1.2.11", "10.1.1.0"), 0);
+  EXPECT_EQ(this->libraries().qrvCheckIfBelongsToSubnet("", "10.1.1.0"), 0);
+}
+
+TYPED_TEST_P(ClosedLibrariesContract, OpensAndClosesTheLibrarysConnection) {
+  EXPECT_NO_THROW(this->libraries().qrvInitDbConnection());
+  EXPECT_NO_THROW(this->libraries().qrvCloseDbConnection());
+}
+
 TYPED_TEST_P(ClosedLibrariesContract, RaisesWhenTheLibraryLacksTheFunction) {
   this->expectInstallRaises(this->host_.lackingLibraries(), kLibraryFunctionMissing, "qrvCInstall");
 }
@@ -131,6 +180,9 @@ REGISTER_TYPED_TEST_SUITE_P(ClosedLibrariesContract, GivesTheAddressInItsBufferU
                             SaysThatANameDoesNotResolve, BringsDetailsBackCutAtTheirFirstNul,
                             SaysThatAComputerDoesNotAnswer, GivesTheProgramFilesFolderInItsBufferUncut,
                             StartsAJobAndBringsItsStringsBack, GivesNoThreadWhereNoneWasStarted,
-                            RaisesWhenTheLibraryLacksTheFunction, RaisesWhenTheLibraryIsMissing);
+                            KeepsTheDiscoveryMode, LeavesTheModeWhereNoneWasSaved, SaysThatAModeIsNotStored,
+                            GivesTheThreadThatWalksTheNetwork, AsksWhetherAnAddressBelongsToASubnet,
+                            OpensAndClosesTheLibrarysConnection, RaisesWhenTheLibraryLacksTheFunction,
+                            RaisesWhenTheLibraryIsMissing);
 
 }  // namespace varnhold::contract

@@ -73,8 +73,28 @@ TYPED_TEST_P(ThreadsContract, FailsWithoutAThreadAndLeavesTheCode) {
   EXPECT_EQ(code, 42u);
 }
 
+TYPED_TEST_P(ThreadsContract, EndsARunningThreadWithTheGivenCode) {
+  const platform::ThreadHandle thread = this->host_.startThatNeverEnds();
+  EXPECT_TRUE(this->threads().terminateThread(thread, 7));
+  EXPECT_EQ(this->waitFor(thread), 7u);
+  this->threads().closeHandle(thread);
+}
+
+TYPED_TEST_P(ThreadsContract, LeavesAnEndedThreadItsCode) {
+  const platform::ThreadHandle thread = this->host_.startThatEndsWith(1000);
+  ASSERT_EQ(this->waitFor(thread), 1000u);
+  this->threads().terminateThread(thread, 7);
+  EXPECT_EQ(this->waitFor(thread), 1000u);
+  this->threads().closeHandle(thread);
+}
+
+TYPED_TEST_P(ThreadsContract, EndsNothingWhereThereIsNoThread) {
+  EXPECT_FALSE(this->threads().terminateThread(0, 0));
+}
+
 REGISTER_TYPED_TEST_SUITE_P(ThreadsContract, TellsTheExitCodeOfAnEndedThreadAsOftenAsAsked,
                             KeepsCodesOfAllThirtyTwoBits, SaysStillActiveOfAThreadThatRuns,
-                            FailsWithoutAThreadAndLeavesTheCode);
+                            FailsWithoutAThreadAndLeavesTheCode, EndsARunningThreadWithTheGivenCode,
+                            LeavesAnEndedThreadItsCode, EndsNothingWhereThereIsNoThread);
 
 }  // namespace varnhold::contract

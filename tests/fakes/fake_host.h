@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "core/program.h"
+#include "tests/fakes/fake_desktop.h"
 #include "tests/fakes/fake_event_log.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_libraries.h"
@@ -27,13 +28,15 @@ struct FakeHost {
   FakeEnvironment environment{journal};
   FakeClosedLibraries libraries{journal, threads};
   FakeUi ui{journal};
+  FakeDesktop desktop{journal};
 
   FakeHost() = default;
   FakeHost(const FakeHost&) = delete;
   FakeHost& operator=(const FakeHost&) = delete;
 
   [[nodiscard]] core::Host host() {
-    return {registry, services, eventLog, files, processes, threads, clock, environment, libraries, ui};
+    return {registry, services,    eventLog,  files, processes, threads,
+            clock,    environment, libraries, ui,    desktop};
   }
   /// For the `Program` of a test: each statement that goes to the inventory as a line `SQL: <text>`.
   [[nodiscard]] store::Connection::StatementListener statementListener() {

@@ -164,4 +164,48 @@ bool FakeClosedLibraries::qrvChkRmtRegNGetPrgFilePath(const std::string& compute
   return true;
 }
 
+void FakeClosedLibraries::qrvInitDbConnection() {
+  raiseIfTold("qrvInitDbConnection");
+  journal_.push_back("qrvInitDbConnection");
+}
+
+void FakeClosedLibraries::qrvCloseDbConnection() {
+  raiseIfTold("qrvCloseDbConnection");
+  journal_.push_back("qrvCloseDbConnection");
+}
+
+void FakeClosedLibraries::qrvNetworkEnum(ThreadHandle& thread) {
+  raiseIfTold("qrvNetworkEnum");
+  thread = startsEnumeration ? threads_.start(enumerationExit, enumerationPolls) : ThreadHandle{0};
+  journal_.push_back("qrvNetworkEnum -> " + std::to_string(thread));
+  if (startsEnumeration && onEnumeration) onEnumeration();
+}
+
+std::int16_t FakeClosedLibraries::qrvGetNetAccessMode(std::uint8_t& mode) {
+  raiseIfTold("qrvGetNetAccessMode");
+  journal_.push_back("qrvGetNetAccessMode" + answer(netAccessMode.has_value()) +
+                     (netAccessMode ? " mode " + std::to_string(*netAccessMode) : ""));
+  if (!netAccessMode) return 0;
+  mode = *netAccessMode;
+  return 1;
+}
+
+std::int16_t FakeClosedLibraries::qrvSetNetAccessMode(std::uint8_t mode) {
+  raiseIfTold("qrvSetNetAccessMode");
+  journal_.push_back("qrvSetNetAccessMode " + std::to_string(mode) + answer(storesNetAccessMode));
+  if (!storesNetAccessMode) return 0;
+  netAccessMode = mode;
+  return 1;
+}
+
+std::int32_t FakeClosedLibraries::qrvCheckIfBelongsToSubnet(const std::string& address,
+                                                            const std::string& subnet) {
+  raiseIfTold("qrvCheckIfBelongsToSubnet");
+  const auto network = [](const std::string& dotted) { return dotted.substr(0, dotted.rfind('.') + 1); };
+  const bool isIn =
+      belongs ? belongs(address, subnet) : !address.empty() && network(address) == network(subnet);
+  journal_.push_back("qrvCheckIfBelongsToSubnet " + shown(address) + " " + shown(subnet) + answer(isIn));
+  return isIn ? 1 : 0;
+}
+
 }  // namespace varnhold::fakes

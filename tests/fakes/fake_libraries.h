@@ -32,6 +32,11 @@ struct FakeComputer {
 /// and does not answer. Journal lines name the function, its arguments in order and the result:
 ///   qrvCInstall [SystemName=HOST1, InstallDirectory=C:\A, AgentMode=1] C:\I\remins -> 7
 ///   qrvGetSystemIPAddress HOST1 -> 1
+///   qrvInitDbConnection
+///   qrvNetworkEnum -> 7
+///   qrvGetNetAccessMode -> 1 mode 0
+///   qrvSetNetAccessMode 1 -> 1
+///   qrvCheckIfBelongsToSubnet 10.1.1.1 10.1.1.0 -> 1
 /// The job stands with its fields that are neither empty nor 0, in the record's order.
 class FakeClosedLibraries : public platform::ClosedLibraries {
  public:
@@ -39,7 +44,16 @@ class FakeClosedLibraries : public platform::ClosedLibraries {
 
   std::map<std::string, FakeComputer> computers;  ///< by name in upper case
   bool iniEdits = true;                           ///< the result of qrvCReadNWriteVhaConfigINI4Turbo
-  std::map<std::string, RuntimeError> failures;   ///< raised by the function of that name
+  std::optional<std::uint8_t> netAccessMode;      ///< the stored discovery mode; nothing: none was saved
+  bool storesNetAccessMode = true;                ///< the registry takes the mode
+  bool startsEnumeration = true;                  ///< qrvNetworkEnum gives a thread
+  int enumerationPolls = 0;                       ///< how often its thread is found still running
+  std::uint32_t enumerationExit = 1000;
+  std::function<void()> onEnumeration;  ///< called as the thread starts, to add rows
+  /// The answer of qrvCheckIfBelongsToSubnet; without one, an address belongs to "a.b.c.0" when its first
+  /// three parts are the subnet's.
+  std::function<bool(const std::string& address, const std::string& subnet)> belongs;
+  std::map<std::string, RuntimeError> failures;  ///< raised by the function of that name
   /// Called with a job inside the function that starts it, to change its strings.
   std::function<void(platform::DeploymentJob&)> onJob;
   /// Called when details are stored, to add the row to an inventory.
@@ -59,6 +73,12 @@ class FakeClosedLibraries : public platform::ClosedLibraries {
   bool qrvFindSystemAndReturnDetails(platform::SystemDetails& details) override;
   bool qrvUpdateSystemDetailsInDB(platform::SystemDetails& details) override;
   bool qrvChkRmtRegNGetPrgFilePath(const std::string& computer, std::string& path) override;
+  void qrvInitDbConnection() override;
+  void qrvCloseDbConnection() override;
+  void qrvNetworkEnum(platform::ThreadHandle& thread) override;
+  std::int16_t qrvGetNetAccessMode(std::uint8_t& mode) override;
+  std::int16_t qrvSetNetAccessMode(std::uint8_t mode) override;
+  std::int32_t qrvCheckIfBelongsToSubnet(const std::string& address, const std::string& subnet) override;
 
  private:
   [[nodiscard]] const FakeComputer* find(std::string_view name) const;

@@ -19,10 +19,14 @@ std::optional<std::string> FakeEnvironment::getComputerName() {
   return computerName;
 }
 
-int FakeProcesses::shellExecute(const std::string& verb, const std::string& file, platform::ShowState show) {
-  journal_.push_back("ShellExecute " + verb + " " + shown(file) + " show " +
-                     std::to_string(static_cast<int>(show)) + " -> " + std::to_string(result));
-  return result;
+int FakeProcesses::shellExecute(const std::string& verb, const std::string& file,
+                                const std::string& parameters, platform::ShowState show) {
+  const auto own = resultOf.find(file);
+  const int told = own == resultOf.end() ? result : own->second;
+  journal_.push_back("ShellExecute " + verb + " " + shown(file) +
+                     (parameters.empty() ? "" : " " + shown(parameters)) + " show " +
+                     std::to_string(static_cast<int>(show)) + " -> " + std::to_string(told));
+  return told;
 }
 
 void FakeUi::messageBox(const std::string& text, platform::MessageIcon icon) {

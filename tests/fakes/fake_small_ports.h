@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -47,14 +48,18 @@ class FakeEnvironment : public platform::Environment {
   Journal& journal_;
 };
 
-/// Journal line: `ShellExecute open <file> show 0 -> 33`.
+/// Journal line: `ShellExecute open <file> show 0 -> 33`, with parameters `ShellExecute open <file>
+/// <parameters> show 0 -> 33`.
 class FakeProcesses : public platform::Processes {
  public:
   explicit FakeProcesses(Journal& journal) : journal_(journal) {}
 
   int result = 33;
+  std::map<std::string, int> resultOf;  ///< for a file, in place of `result`
 
-  int shellExecute(const std::string& verb, const std::string& file, platform::ShowState show) override;
+  using platform::Processes::shellExecute;
+  int shellExecute(const std::string& verb, const std::string& file, const std::string& parameters,
+                   platform::ShowState show) override;
 
  private:
   Journal& journal_;

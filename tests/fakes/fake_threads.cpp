@@ -20,6 +20,14 @@ bool FakeThreads::getExitCodeThread(platform::ThreadHandle thread, std::uint32_t
   return true;
 }
 
+bool FakeThreads::terminateThread(platform::ThreadHandle thread, std::uint32_t exitCode) {
+  journal_.push_back("TerminateThread " + std::to_string(thread) + " " + std::to_string(exitCode));
+  const auto found = threads_.find(thread);
+  if (found == threads_.end()) return false;
+  if (found->second.pollsLeft > 0) found->second = {exitCode, 0};
+  return true;
+}
+
 void FakeThreads::closeHandle(platform::ThreadHandle thread) {
   openHandles_.erase(thread);
   journal_.push_back("CloseHandle " + std::to_string(thread));

@@ -9,7 +9,7 @@
 namespace varnhold::fakes {
 
 /// Worker threads that end after a number of polls. Journal lines: `GetExitCodeThread 7 -> 259` (or `->
-/// fails`), `CloseHandle 7`.
+/// fails`), `CloseHandle 7`, `TerminateThread 7 0`.
 class FakeThreads : public platform::Threads {
  public:
   explicit FakeThreads(Journal& journal) : journal_(journal) {}
@@ -22,6 +22,7 @@ class FakeThreads : public platform::Threads {
   [[nodiscard]] const std::set<platform::ThreadHandle>& openHandles() const { return openHandles_; }
 
   bool getExitCodeThread(platform::ThreadHandle thread, std::uint32_t& exitCode) override;
+  bool terminateThread(platform::ThreadHandle thread, std::uint32_t exitCode) override;
   void closeHandle(platform::ThreadHandle thread) override;
 
  private:

@@ -1,11 +1,13 @@
 // The fakes keep the contracts of the ports they stand for.
 #include "tests/contract/clock_contract.h"
 #include "tests/contract/closed_libraries_contract.h"
+#include "tests/contract/desktop_contract.h"
 #include "tests/contract/environment_contract.h"
 #include "tests/contract/event_log_contract.h"
 #include "tests/contract/files_contract.h"
 #include "tests/contract/registry_contract.h"
 #include "tests/contract/threads_contract.h"
+#include "tests/fakes/fake_desktop.h"
 #include "tests/fakes/fake_event_log.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_libraries.h"
@@ -96,6 +98,9 @@ class FakeLibrariesHost {
   platform::ClosedLibraries& libraries() { return libraries_; }
   platform::ClosedLibraries& lackingLibraries() { return lacking_; }
   platform::ClosedLibraries& missingLibraries() { return missing_; }
+  void forgetMode() { libraries_.netAccessMode.reset(); }
+  void refuseMode() { libraries_.storesNetAccessMode = false; }
+  platform::Threads& threads() { return threads_; }
   void close(platform::ThreadHandle thread) { threads_.closeHandle(thread); }
 
  private:
@@ -105,6 +110,20 @@ class FakeLibrariesHost {
       missing_{journal_, threads_};
 };
 
+class FakeDesktopHost {
+ public:
+  platform::Desktop& desktop() { return desktop_; }
+  std::string title() { return "Varnhold"; }
+  void openWindow(const std::string& title, bool visible) { desktop_.windows[title].visible = visible; }
+  void closeWindow(const std::string& title) { desktop_.windows.erase(title); }
+  void startInstance(const std::string& title) { desktop_.otherInstances.insert(title); }
+  void endInstance(const std::string& title) { desktop_.otherInstances.erase(title); }
+
+ private:
+  fakes::Journal journal_;
+  fakes::FakeDesktop desktop_{journal_};
+};
+
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, RegistryContract, FakeRegistryHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, FilesContract, FakeFilesHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, ClockContract, FakeClockHost);
@@ -112,6 +131,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Fake, EnvironmentContract, FakeEnvironmentHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, ThreadsContract, FakeThreadsHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, EventLogContract, FakeEventLogHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, ClosedLibrariesContract, FakeLibrariesHost);
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, DesktopContract, FakeDesktopHost);
 
 }  // namespace
 }  // namespace varnhold::contract

@@ -7,6 +7,7 @@
 
 #include "platform/clock.h"
 #include "platform/closed_libraries.h"
+#include "platform/desktop.h"
 #include "platform/environment.h"
 #include "platform/event_log.h"
 #include "platform/files.h"
@@ -41,6 +42,11 @@ inline constexpr std::chrono::milliseconds kRegistryLockWait{10'000};
 [[nodiscard]] std::unique_ptr<EventLog> makeEventLog(CompanionLibrary& companion);
 [[nodiscard]] std::unique_ptr<Threads> makeThreads(CompanionLibrary& companion);
 [[nodiscard]] std::unique_ptr<ClosedLibraries> makeClosedLibraries(CompanionLibrary& companion);
+/// How long who asks for another program's window waits for its answer.
+inline constexpr std::chrono::milliseconds kWindowAnswerWait{2'000};
+/// The programs of this user that share the home.
+[[nodiscard]] std::unique_ptr<Desktop> makeDesktop(std::string home,
+                                                   std::chrono::milliseconds patience = kWindowAnswerWait);
 /// Writes to standard error and never waits.
 [[nodiscard]] std::unique_ptr<Ui> makeUnattendedUi();
 

@@ -89,6 +89,38 @@ class CompanionClosedLibraries : public ClosedLibraries {
     return answers;
   }
 
+  void qrvInitDbConnection() override {
+    companion_.function<decltype(::qrvInitDbConnection)>("qrvInitDbConnection")();
+  }
+
+  void qrvCloseDbConnection() override {
+    companion_.function<decltype(::qrvCloseDbConnection)>("qrvCloseDbConnection")();
+  }
+
+  void qrvNetworkEnum(ThreadHandle& thread) override {
+    QrvThread started = nullptr;
+    companion_.function<decltype(::qrvNetworkEnum)>("qrvNetworkEnum")(&started);
+    thread = handleOf(started);
+  }
+
+  std::int16_t qrvGetNetAccessMode(std::uint8_t& mode) override {
+    std::uint8_t stored = 0;
+    const auto exists = companion_.function<decltype(::qrvGetNetAccessMode)>("qrvGetNetAccessMode")(&stored);
+    if (exists != 0) mode = stored;
+    return exists;
+  }
+
+  std::int16_t qrvSetNetAccessMode(std::uint8_t mode) override {
+    return companion_.function<decltype(::qrvSetNetAccessMode)>("qrvSetNetAccessMode")(mode);
+  }
+
+  std::int32_t qrvCheckIfBelongsToSubnet(const std::string& address, const std::string& subnet) override {
+    const auto check =
+        companion_.function<decltype(::qrvCheckIfBelongsToSubnet)>("qrvCheckIfBelongsToSubnet");
+    TextBuffer dotted(address), range(subnet);
+    return check(dotted.data(), range.data());
+  }
+
  private:
   ThreadHandle startJob(const char* function, DeploymentJob& job, const std::string& libraryPath) {
     const auto start = companion_.function<StartJob>(function);

@@ -19,7 +19,8 @@ class PosixHostAdapters : public HostAdapters {
   PosixHostAdapters(const std::string& home, std::vector<std::string> arguments)
       : companion_(posix::companionFolders(home)),
         environment_(posix::makeEnvironment(home, std::move(arguments), paths_)),
-        registry_(posix::makeRegistry(home)) {}
+        registry_(posix::makeRegistry(home)),
+        desktop_(posix::makeDesktop(home)) {}
 
   Registry& registry() override { return *registry_; }
   ServiceControl& services() override { return *services_; }
@@ -30,6 +31,7 @@ class PosixHostAdapters : public HostAdapters {
   Clock& clock() override { return *clock_; }
   Environment& environment() override { return *environment_; }
   ClosedLibraries& libraries() override { return *libraries_; }
+  Desktop& desktop() override { return *desktop_; }
   Ui& unattendedUi() override { return *ui_; }
 
  private:
@@ -37,6 +39,7 @@ class PosixHostAdapters : public HostAdapters {
   posix::PathResolver paths_{companion_};
   std::unique_ptr<Environment> environment_;
   std::unique_ptr<Registry> registry_;
+  std::unique_ptr<Desktop> desktop_;
   std::unique_ptr<Files> files_ = posix::makeFiles(paths_);
   std::unique_ptr<Processes> processes_ = posix::makeProcesses(*files_, paths_, companion_);
   std::unique_ptr<ServiceControl> services_ = posix::makeServiceControl(companion_);

@@ -23,13 +23,13 @@ bool isAddress(const std::string& target) {
   return target.find("://") != std::string::npos || target.starts_with("mailto:");
 }
 
-/// The desktop's own opener of files and addresses. It runs on by itself; ended ones are collected at the
-/// next call.
-class DesktopOpener {
+/// Programs that run on by themselves; ended ones are collected at the next call.
+class StartedPrograms {
  public:
-  bool open(const std::string& target) {
+  /// Starts the program, looked for where the host looks for programs, with one argument. False when there is
+  /// none that can be started.
+  bool start(std::string program, std::string argument) {
     std::erase_if(running_, [](pid_t process) { return ::waitpid(process, nullptr, WNOHANG) != 0; });
-    std::string program = "xdg-open", argument = target;
     const std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
     pid_t process = 0;
     if (::posix_spawnp(&process, program.c_str(), nullptr, nullptr, arguments.data(), environ) != 0)
@@ -47,14 +47,19 @@ class ProcessesOfHost : public Processes {
   ProcessesOfHost(Files& files, PathResolver& paths, CompanionLibrary& companion)
       : files_(files), paths_(paths), companion_(companion) {}
 
-  int shellExecute(const std::string&, const std::string& file, ShowState) override {
+  int shellExecute(const std::string&, const std::string& file, const std::string& parameters,
+                   ShowState) override {
+    if (!parameters.empty()) return programs_.start(file, parameters) ? kStarted : kFileMissing;
     if (isAddress(file)) return openOnDesktop(file);
     if (!files_.exists(file)) return kFileMissing;
     return toUpper(file).ends_with(".BAT") ? runBatch(file) : openOnDesktop(paths_.resolve(file));
   }
 
  private:
-  int openOnDesktop(const std::string& target) { return opener_.open(target) ? kStarted : kNoAssociation; }
+  /// With the desktop's own opener of files and addresses.
+  int openOnDesktop(const std::string& target) {
+    return programs_.start("xdg-open", target) ? kStarted : kNoAssociation;
+  }
 
   /// What the network says to the line is not told: starting the batch file is all that the call answers for.
   int runBatch(const std::string& file) {
@@ -73,7 +78,7 @@ class ProcessesOfHost : public Processes {
   Files& files_;
   PathResolver& paths_;
   CompanionLibrary& companion_;
-  DesktopOpener opener_;
+  StartedPrograms programs_;
 };
 
 }  // namespace

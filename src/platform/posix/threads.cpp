@@ -15,6 +15,11 @@ class CompanionThreads : public Threads {
     return true;
   }
 
+  bool terminateThread(ThreadHandle thread, std::uint32_t exitCode) override {
+    const auto end = companion_.function<decltype(qrvHostTerminateThread)>("qrvHostTerminateThread");
+    return end(reinterpret_cast<QrvThread>(thread), exitCode) != 0;
+  }
+
   void closeHandle(ThreadHandle thread) override {
     companion_.function<decltype(qrvHostCloseHandle)>("qrvHostCloseHandle")(
         reinterpret_cast<QrvThread>(thread));

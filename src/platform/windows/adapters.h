@@ -16,6 +16,7 @@ namespace varnhold::platform::windows {
 [[nodiscard]] std::unique_ptr<Threads> makeThreads();
 [[nodiscard]] std::unique_ptr<Clock> makeClock();
 [[nodiscard]] std::unique_ptr<Environment> makeEnvironment();
+[[nodiscard]] std::unique_ptr<Desktop> makeDesktop();
 
 /// `folder` (without closing backslash) is the only place where `qrvUtil.dll` is looked for. A library that
 /// was loaded stays so until the process ends, since its worker threads may outlive every owner of this

@@ -107,6 +107,36 @@ class WindowsClosedLibraries : public ClosedLibraries {
     return wasRead;
   }
 
+  void qrvInitDbConnection() override {
+    qrvUtil_.function<decltype(::qrvInitDbConnection)>("qrvInitDbConnection")();
+  }
+  void qrvCloseDbConnection() override {
+    qrvUtil_.function<decltype(::qrvCloseDbConnection)>("qrvCloseDbConnection")();
+  }
+
+  void qrvNetworkEnum(ThreadHandle& thread) override {
+    QrvThread started = nullptr;
+    qrvUtil_.function<decltype(::qrvNetworkEnum)>("qrvNetworkEnum")(&started);
+    thread = handleOf(started);
+  }
+
+  std::int16_t qrvGetNetAccessMode(std::uint8_t& mode) override {
+    std::uint8_t stored = 0;
+    const auto exists = qrvUtil_.function<decltype(::qrvGetNetAccessMode)>("qrvGetNetAccessMode")(&stored);
+    if (exists != 0) mode = stored;
+    return exists;
+  }
+  std::int16_t qrvSetNetAccessMode(std::uint8_t mode) override {
+    return qrvUtil_.function<decltype(::qrvSetNetAccessMode)>("qrvSetNetAccessMode")(mode);
+  }
+
+  std::int32_t qrvCheckIfBelongsToSubnet(const std::string& address, const std::string& subnet) override {
+    auto* const call = qrvUtil_.function<decltype(::qrvCheckIfBelongsToSubnet)>("qrvCheckIfBelongsToSubnet");
+    auto dotted = given(address);
+    auto range = given(subnet);
+    return call(dotted.data(), range.data());
+  }
+
  private:
   ThreadHandle startJob(const char* function, DeploymentJob& job, const std::string& libraryPath) {
     auto* const call = qrvUtil_.function<StartJob>(function);

@@ -19,6 +19,7 @@ class WindowsAdapters : public HostAdapters {
   Clock& clock() override { return *clock_; }
   Environment& environment() override { return *environment_; }
   ClosedLibraries& libraries() override { return *libraries_; }
+  Desktop& desktop() override { return *desktop_; }
   Ui& unattendedUi() override { return *unattendedUi_; }
 
  private:
@@ -31,6 +32,7 @@ class WindowsAdapters : public HostAdapters {
   std::unique_ptr<Clock> clock_ = makeClock();
   std::unique_ptr<Environment> environment_ = makeEnvironment();
   std::unique_ptr<ClosedLibraries> libraries_ = makeClosedLibraries(environment_->programFolder());
+  std::unique_ptr<Desktop> desktop_ = makeDesktop();
   std::unique_ptr<Ui> unattendedUi_ = makeUnattendedUi();
 };
 

@@ -12,12 +12,15 @@ namespace {
 
 static_assert(static_cast<int>(ShowState::Hidden) == SW_HIDE);
 static_assert(static_cast<int>(ShowState::Normal) == SW_SHOWNORMAL);
+static_assert(static_cast<int>(ShowState::Maximised) == SW_MAXIMIZE);
 
 class WindowsProcesses : public Processes {
  public:
-  int shellExecute(const std::string& verb, const std::string& file, ShowState show) override {
+  int shellExecute(const std::string& verb, const std::string& file, const std::string& parameters,
+                   ShowState show) override {
     const auto wideVerb = toWide(verb);
     const auto wideFile = toWide(file);
+    const auto wideParameters = toWide(parameters);
     SHELLEXECUTEINFOW start{};
     start.cbSize = sizeof start;
     // No error box of the shell may wait for a person, and the start must be complete when this returns: the
@@ -25,6 +28,7 @@ class WindowsProcesses : public Processes {
     start.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
     start.lpVerb = wideVerb.c_str();
     start.lpFile = wideFile.c_str();
+    start.lpParameters = wideParameters.empty() ? nullptr : wideParameters.c_str();
     start.nShow = static_cast<int>(show);
     const bool started = ShellExecuteExW(&start) != FALSE;
     const auto result = static_cast<int>(reinterpret_cast<INT_PTR>(start.hInstApp));

@@ -21,6 +21,9 @@ class WindowsThreads : public Threads {
     exitCode = code;
     return true;
   }
+  bool terminateThread(ThreadHandle thread, std::uint32_t exitCode) override {
+    return TerminateThread(native(thread), exitCode) != FALSE;
+  }
   void closeHandle(ThreadHandle thread) override { CloseHandle(native(thread)); }
 };
 

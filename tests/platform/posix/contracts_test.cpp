@@ -1,9 +1,14 @@
 // The adapters of this host keep the contracts of their ports.
+#include <atomic>
+#include <chrono>
 #include <filesystem>
+#include <map>
+#include <thread>
 
 #include "platform/posix/adapters.h"
 #include "tests/contract/clock_contract.h"
 #include "tests/contract/closed_libraries_contract.h"
+#include "tests/contract/desktop_contract.h"
 #include "tests/contract/environment_contract.h"
 #include "tests/contract/event_log_contract.h"
 #include "tests/contract/files_contract.h"
@@ -136,15 +141,59 @@ class PosixLibrariesHost {
   platform::ClosedLibraries& libraries() { return *libraries_; }
   platform::ClosedLibraries& lackingLibraries() { return *lackingLibraries_; }
   platform::ClosedLibraries& missingLibraries() { return *missingLibraries_; }
-  void close(platform::ThreadHandle thread) { posix::makeThreads(*standin_)->closeHandle(thread); }
+  void forgetMode() { standin_->function<decltype(standinReset)>("standinReset")(); }
+  void refuseMode() {}  // it refuses this one always
+  platform::Threads& threads() { return *threads_; }
+  void close(platform::ThreadHandle thread) { threads_->closeHandle(thread); }
 
  private:
   std::unique_ptr<posix::CompanionLibrary> standin_ = posix::makeStandin(),
                                            lacking_ = posix::makeLackingStandin(),
                                            missing_ = posix::makeMissingStandin();
+  std::unique_ptr<platform::Threads> threads_ = posix::makeThreads(*standin_);
   std::unique_ptr<platform::ClosedLibraries> libraries_ = posix::makeClosedLibraries(*standin_),
                                              lackingLibraries_ = posix::makeClosedLibraries(*lacking_),
                                              missingLibraries_ = posix::makeClosedLibraries(*missing_);
+};
+
+/// A program with one window, which asks a few times a second what others want of it.
+class WindowOwner {
+ public:
+  WindowOwner(const std::string& home, const std::string& title, bool visible)
+      : desktop_(posix::makeDesktop(home)), visible_(visible) {
+    desktop_->announceWindow(title,
+                             [this](std::optional<platform::ShowState>) { return visible_.exchange(true); });
+    loop_ = std::jthread([this](const std::stop_token& stop) {
+      for (; !stop.stop_requested(); std::this_thread::sleep_for(std::chrono::milliseconds(2)))
+        desktop_->answerRequests();
+    });
+  }
+
+ private:
+  std::unique_ptr<platform::Desktop> desktop_;
+  std::atomic<bool> visible_;
+  std::jthread loop_;
+};
+
+class PosixDesktopHost {
+ public:
+  platform::Desktop& desktop() { return *desktop_; }
+  std::string title() { return "Varnhold / Window?"; }
+  void openWindow(const std::string& title, bool visible) {
+    windows_[title] = std::make_unique<WindowOwner>(home_.path(), title, visible);
+  }
+  void closeWindow(const std::string& title) { windows_.erase(title); }
+  void startInstance(const std::string& title) {
+    instances_[title] = posix::makeDesktop(home_.path());
+    static_cast<void>(instances_[title]->isPreviousInstanceRunning(title));
+  }
+  void endInstance(const std::string& title) { instances_.erase(title); }
+
+ private:
+  posix::TemporaryFolder home_;
+  std::unique_ptr<platform::Desktop> desktop_ = posix::makeDesktop(home_.path());
+  std::map<std::string, std::unique_ptr<WindowOwner>> windows_;
+  std::map<std::string, std::unique_ptr<platform::Desktop>> instances_;
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Posix, RegistryContract, PosixRegistryHost);
@@ -157,6 +206,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Posix, ThreadsContract, PosixThreadsHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Posix, ServiceControlContract, PosixServicesHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Posix, EventLogContract, PosixEventLogHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Posix, ClosedLibrariesContract, PosixLibrariesHost);
+INSTANTIATE_TYPED_TEST_SUITE_P(Posix, DesktopContract, PosixDesktopHost);
 
 }  // namespace
 }  // namespace varnhold::contract

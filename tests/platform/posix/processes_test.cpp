@@ -71,6 +71,10 @@ class PosixProcessesOnADesktop : public PosixProcesses {
     }
     return contentOf(folder_ / "opened");
   }
+  void makeProgram(const std::string& name) {
+    writeFile(folder_ / name, contentOf(folder_ / "xdg-open"));
+    ::chmod((folder_ / name).c_str(), 0755);
+  }
   /// In a process whose programs are found in this folder alone.
   int openWithPath(const std::string& path, const std::string& file) {
     return inChild([&] {
@@ -89,6 +93,22 @@ TEST_F(PosixProcessesOnADesktop, HandAFileToTheDesktopWithoutAShell) {
 TEST_F(PosixProcessesOnADesktop, HandAnAddressToTheDesktop) {
   EXPECT_EQ(openWithPath(folder_.path(), "https://www.example.com/a?b=c&d"), 42);
   EXPECT_EQ(opened(), "1\nhttps://www.example.com/a?b=c&d\n");
+}
+
+TEST_F(PosixProcessesOnADesktop, StartAProgramByItsNameWithItsParameters) {
+  makeProgram("browser");
+  EXPECT_EQ(inChild([&] {
+              ::setenv("PATH", folder_.path().c_str(), 1);
+              return processes_->shellExecute("open", "browser", "https://www.example.com/a b",
+                                              ShowState::Normal);
+            }),
+            42);
+  EXPECT_EQ(opened(), "1\nhttps://www.example.com/a b\n");
+}
+
+TEST_F(PosixProcessesOnADesktop, SayThatAProgramIsMissing) {
+  EXPECT_EQ(processes_->shellExecute("open", "nosuchbrowser", "https://www.example.com", ShowState::Normal),
+            2);
 }
 
 TEST_F(PosixProcessesOnADesktop, SayWhenThereIsNoDesktop) {

@@ -15,6 +15,8 @@ constexpr uint32_t kPathNotFound = 53, kNoSuchService = 1060, kNotActive = 1062,
 struct State {
   std::string calls, share;
   bool serviceRuns = false;
+  uint8_t mode = 77;
+  bool hasMode = false;
 };
 
 struct Thread {
@@ -157,10 +159,48 @@ int32_t qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {
   return 1;
 }
 
+int32_t qrvInitDbConnection() {
+  note("open connection");
+  return 1;
+}
+
+int32_t qrvCloseDbConnection() {
+  note("close connection");
+  return 1;
+}
+
+int32_t qrvNetworkEnum(QrvThread* thread) {
+  *thread = standinStartThread(1000);
+  return 1;
+}
+
+int16_t qrvGetNetAccessMode(uint8_t* mode) {
+  *mode = state().mode;  // also when there is none, as no caller may rely on it then
+  return state().hasMode ? -1 : 0;
+}
+
+int16_t qrvSetNetAccessMode(uint8_t mode) {
+  if (mode == 255) return 0;
+  state().mode = mode;
+  state().hasMode = true;
+  return -1;
+}
+
+int32_t qrvCheckIfBelongsToSubnet(char* address, char* subnet) {
+  return std::string(address) == "10.1.1.11" && std::string(subnet) == "10.1.1.0" ? 2 : 0;
+}
+
 int32_t qrvHostGetExitCodeThread(QrvThread thread, uint32_t* exitCode) {
   *exitCode = 0xDEAD;  // also when it fails, as no caller may rely on it then
   if (thread == nullptr) return 0;
   *exitCode = static_cast<Thread*>(thread)->exitCode;
+  return 1;
+}
+
+int32_t qrvHostTerminateThread(QrvThread thread, uint32_t exitCode) {
+  if (thread == nullptr) return 0;
+  auto& ended = static_cast<Thread*>(thread)->exitCode;
+  if (ended == 259) ended = exitCode;
   return 1;
 }
 

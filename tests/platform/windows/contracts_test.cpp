@@ -2,13 +2,17 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <future>
+#include <map>
 #include <string>
+#include <thread>
 
 #include "platform/windows/adapters.h"
 #include "platform/windows/owned_handle.h"
 #include "platform/windows/text.h"
 #include "tests/contract/clock_contract.h"
 #include "tests/contract/closed_libraries_contract.h"
+#include "tests/contract/desktop_contract.h"
 #include "tests/contract/environment_contract.h"
 #include "tests/contract/event_log_contract.h"
 #include "tests/contract/files_contract.h"
@@ -132,7 +136,10 @@ class WindowsLibrariesHost {
   platform::ClosedLibraries& libraries() { return *libraries_; }
   platform::ClosedLibraries& lackingLibraries() { return *lacking_; }
   platform::ClosedLibraries& missingLibraries() { return *missing_; }
-  void close(platform::ThreadHandle thread) { platform::windows::makeThreads()->closeHandle(thread); }
+  void forgetMode() { static_cast<void>(libraries_->qrvSetNetAccessMode(254)); }
+  void refuseMode() {}  // it refuses this one always
+  platform::Threads& threads() { return *threads_; }
+  void close(platform::ThreadHandle thread) { threads_->closeHandle(thread); }
 
  private:
   static std::unique_ptr<platform::ClosedLibraries> in(const std::string& folder) {
@@ -140,9 +147,58 @@ class WindowsLibrariesHost {
     return platform::windows::makeClosedLibraries(program + '\\' + folder);
   }
 
+  std::unique_ptr<platform::Threads> threads_ = platform::windows::makeThreads();
   std::unique_ptr<platform::ClosedLibraries> libraries_ = in("test_vendor");
   std::unique_ptr<platform::ClosedLibraries> lacking_ = in("test_lacking");
   std::unique_ptr<platform::ClosedLibraries> missing_ = in("test_missing");
+};
+
+/// A window with a message loop of its own, as another program has one.
+class WindowOwner {
+ public:
+  WindowOwner(const std::string& title, bool visible) {
+    std::promise<HWND> made;
+    auto window = made.get_future();
+    loop_ = std::thread([&made, title, visible] {
+      const auto name = platform::windows::toWide(title);
+      made.set_value(CreateWindowExW(0, L"STATIC", name.c_str(),
+                                     WS_OVERLAPPEDWINDOW | (visible ? WS_VISIBLE : 0U), 0, 0, 200, 100,
+                                     nullptr, nullptr, nullptr, nullptr));
+      MSG message{};
+      while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+    });
+    window_ = window.get();
+  }
+  ~WindowOwner() {
+    PostThreadMessageW(GetWindowThreadProcessId(window_, nullptr), WM_QUIT, 0, 0);
+    loop_.join();
+  }
+  WindowOwner(const WindowOwner&) = delete;
+  WindowOwner& operator=(const WindowOwner&) = delete;
+
+ private:
+  HWND window_ = nullptr;
+  std::thread loop_;
+};
+
+class WindowsDesktopHost {
+ public:
+  platform::Desktop& desktop() { return *desktop_; }
+  std::string title() { return "Varnhold / Window? " + std::to_string(GetCurrentProcessId()); }
+  void openWindow(const std::string& title, bool visible) {
+    windows_[title] = std::make_unique<WindowOwner>(title, visible);
+  }
+  void closeWindow(const std::string& title) { windows_.erase(title); }
+  void startInstance(const std::string& title) {
+    instances_[title] = platform::windows::makeDesktop();
+    static_cast<void>(instances_[title]->isPreviousInstanceRunning(title));
+  }
+  void endInstance(const std::string& title) { instances_.erase(title); }
+
+ private:
+  std::unique_ptr<platform::Desktop> desktop_ = platform::windows::makeDesktop();
+  std::map<std::string, std::unique_ptr<WindowOwner>> windows_;
+  std::map<std::string, std::unique_ptr<platform::Desktop>> instances_;
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Windows, RegistryContract, WindowsRegistryHost);
@@ -151,6 +207,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Windows, ClockContract, WindowsClockHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Windows, EnvironmentContract, WindowsEnvironmentHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Windows, ProcessesContract, WindowsProcessesHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Windows, ClosedLibrariesContract, WindowsLibrariesHost);
+INSTANTIATE_TYPED_TEST_SUITE_P(Windows, DesktopContract, WindowsDesktopHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Windows, EventLogContract, WindowsEventLogHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Windows, ThreadsContract, WindowsThreadsHost);
 

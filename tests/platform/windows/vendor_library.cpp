@@ -153,3 +153,41 @@ int32_t QRV_CALL qrvUpdateSystemDetailsInDB(QrvSystemDetails* details) {
   return std::strcmp(details->SystemName, "HOST1") == 0 && details->SystemType == 7 &&
          std::strcmp(details->ResolvedName, "host1.corp") == 0 && details->OSMajorVersion == 5;
 }
+
+int32_t QRV_CALL qrvInitDbConnection() {
+  return 1;
+}
+
+int32_t QRV_CALL qrvCloseDbConnection() {
+  return 1;
+}
+
+int32_t QRV_CALL qrvNetworkEnum(QrvThread* thread) {
+  *thread = startThread(1000);
+  return 1;
+}
+
+namespace {
+
+uint8_t storedMode = 77;
+bool hasMode = false;
+
+}  // namespace
+
+/// The byte is written also when there is no mode, as no caller may rely on it then.
+int16_t QRV_CALL qrvGetNetAccessMode(uint8_t* mode) {
+  *mode = storedMode;
+  return hasMode ? -1 : 0;
+}
+
+/// Takes every mode but 255; 254 is as if there had never been one.
+int16_t QRV_CALL qrvSetNetAccessMode(uint8_t mode) {
+  if (mode == 255) return 0;
+  storedMode = mode;
+  hasMode = mode != 254;
+  return -1;
+}
+
+int32_t QRV_CALL qrvCheckIfBelongsToSubnet(char* address, char* subnet) {
+  return std::strcmp(address, "10.1.1.11") == 0 && std::strcmp(subnet, "10.1.1.0") == 0 ? 2 : 0;
+}

@@ -63,6 +63,10 @@ inline constexpr std::string_view kAddGroupMember =
 inline constexpr std::string_view kGroupMembers =
     "SELECT * FROM System_Group, System_Table WHERE Group_Name = '{group}' AND System_Group.System_Name = "
     "System_Table.System_Name";
+inline constexpr std::string_view kMembersOfAllGroups =
+    "SELECT * FROM System_Group, System_Table WHERE System_Group.System_Name = System_Table.System_Name";
+inline constexpr std::string_view kGroup = "SELECT * FROM System_Group_Master WHERE Group_Name = '{group}'";
+inline constexpr std::string_view kAllGroups = "SELECT * FROM System_Group_Master";
 inline constexpr std::string_view kGroupWithRule =
     "SELECT * FROM System_Group_Master, System_Group_Detail WHERE System_Group_Master.Group_Name = '{group}' "
     "AND "

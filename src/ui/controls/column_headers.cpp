@@ -9,6 +9,12 @@ ColumnHeader::ColumnHeader(ListView& list, std::string text) : list_(list) {
   Text.settle(std::move(text));
 }
 
+int ColumnHeader::Index() const {
+  int index = 1;
+  while (&list_.ColumnHeaders(index) != this) ++index;
+  return index;
+}
+
 void ColumnHeader::changed(const PropertyBase&) {
   list_.columnsChanged();
 }

@@ -20,6 +20,9 @@ class ColumnHeader : public Component {
   /// quarters. 0 keeps the width that its own text needs.
   Property<double> Width{*this, 1.0};
 
+  /// Its place among the columns, from 1.
+  [[nodiscard]] int Index() const;
+
  protected:
   void changed(const PropertyBase& property) override;
   void runHandler(const std::function<void()>& handler) const override;

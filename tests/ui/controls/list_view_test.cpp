@@ -166,6 +166,7 @@ TEST_F(ListViewTest, TellsItsViewWhatHasChanged) {
   list.ListItems(5).EnsureVisible();
   list.ListItems(5).ListSubItems(2).ReportIcon = 2;
   list.ColumnHeaders(2).Width = 3;
+  EXPECT_EQ(list.ColumnHeaders(2).Index(), 2);
   list.ListItems.Remove(5);
   list.ListItems.Clear();
   EXPECT_THAT(view.told, ElementsAre("rows", "row EOS", "show EOS", "row EOS", "columns", "rows", "rows"));

@@ -10,6 +10,10 @@ Acts& acts() {
   return static_cast<Application&>(*wxTheApp).acts;
 }
 
+void soon(std::function<void()> work) {
+  wxTheApp->CallAfter([work = std::move(work)] { work(); });
+}
+
 Acts::Hold::~Hold() {
   if (--acts_.held_ > 0) return;
   for (auto missed = std::exchange(acts_.missed_, 0); missed > 0; --missed) acts_.scheduleOne();

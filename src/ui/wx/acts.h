@@ -34,6 +34,9 @@ class Acts {
   std::size_t missed_ = 0;
 };
 
+/// Runs what is no user's act, such as laying out, on the next turn of the event loop, held acts or not.
+void soon(std::function<void()> work);
+
 /// The queue of the running application.
 [[nodiscard]] Acts& acts();
 

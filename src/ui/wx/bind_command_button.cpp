@@ -17,11 +17,7 @@ class CommandButtonView : public BoundView<ControlView, ui::CommandButton, wxBut
 
  private:
   void show(const ui::CommandButton& button) override {
-    const auto caption = shown(button.Caption);
-    if (widget().GetLabel() != caption) {
-      widget().SetLabel(caption);
-      layoutSoon(widget());
-    }
+    showCaption(widget(), button.Caption);
     if (button.Default) widget().SetDefault();
   }
 };

@@ -75,7 +75,7 @@ class BoundView : public Interface {
   /// Runs `look` once on a later turn of the event loop, however often it was asked for until then.
   void lookSoon(std::function<void(Kind&)> look) {
     if (std::exchange(lookPending_, true)) return;
-    acts().post([this, life = std::weak_ptr<int>(life_), look = std::move(look)] {
+    soon([this, life = std::weak_ptr<int>(life_), look = std::move(look)] {
       if (life.expired()) return;
       lookPending_ = false;
       if (control_ == nullptr) return;

@@ -53,6 +53,16 @@ void setBackColour(wxWindow& widget, const wxColour& colour) {
   if (differs && widget.SetBackgroundColour(colour)) widget.Refresh();
 }
 
+void layOut(wxWindow& top) {
+  auto size = top.GetSize();
+  if (top.GetSizer() != nullptr) size.IncTo(top.GetSizer()->ComputeFittingWindowSize(&top));
+  if (size != top.GetSize()) {
+    top.SetSize(size);
+  } else {
+    top.Layout();
+  }
+}
+
 }  // namespace
 
 void syncCommonValues(wxWindow& widget, const Control& control) {
@@ -67,11 +77,17 @@ void syncCommonValues(wxWindow& widget, const Control& control) {
   setBackColour(widget, colourOf(control.BackColor));
 }
 
+void showCaption(wxWindow& widget, const std::string& caption) {
+  if (widget.GetLabel() == shown(caption)) return;
+  widget.SetLabel(shown(caption));
+  layoutSoon(widget);
+}
+
 void layoutSoon(wxWindow& widget) {
   auto* top = wxGetTopLevelParent(&widget);
   if (top == nullptr) return;
-  acts().post([weak = wxWeakRef<wxWindow>(top)] {
-    if (weak) weak->Layout();
+  soon([weak = wxWeakRef<wxWindow>(top)] {
+    if (weak) layOut(*weak);
   });
 }
 

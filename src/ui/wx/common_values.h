@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "ui/controls/control.h"
 
@@ -12,8 +13,11 @@ namespace varnhold::ui::wx {
 /// Shows on the widget what every control has: enabled, visible, tool tip, pointer, back colour.
 void syncCommonValues(wxWindow& widget, const Control& control);
 
+/// Shows the caption on the widget, which takes the room it needs.
+void showCaption(wxWindow& widget, const std::string& caption);
+
 /// Lays out the widget's form anew, once, on the next turn of the event loop: a widget came, went, or needs
-/// another size.
+/// another size. The form grows where it has become too small.
 void layoutSoon(wxWindow& widget);
 
 /// Gives the view to the widget that it stands for: it goes when the widget goes.

@@ -75,13 +75,13 @@ void WxFormWindow::build(wxTopLevelWindow* owner) {
   bury();
   owner_ = owner;
   frame_ = makeFrame(form_, owner);
-  auto* inside = new wxPanel(frame_);
-  view_(*inside, form_);
-  putInTabOrder(*inside, form_);
+  inside_ = new wxPanel(frame_);
+  view_(*inside_, form_);
+  putInTabOrder(*inside_, form_);
   menus_ = std::make_unique<FormMenus>(form_, *frame_);
 
   auto* sizer = new wxBoxSizer(wxVERTICAL);
-  sizer->Add(inside, wxSizerFlags(1).Expand());
+  sizer->Add(inside_, wxSizerFlags(1).Expand());
   frame_->SetSizerAndFit(sizer);
   shownSize_ = {};
   sync();
@@ -102,7 +102,7 @@ void WxFormWindow::listen() {
   frame_->Bind(wxEVT_SIZE, resized);
   frame_->Bind(wxEVT_ICONIZE, resized);
   frame_->Bind(wxEVT_MAXIMIZE, resized);
-  frame_->GetChildren().GetFirst()->GetData()->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+  inside_->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
     event.Skip();
     painted_ = true;
   });
@@ -187,7 +187,6 @@ void WxFormWindow::reportSize() {
 void WxFormWindow::show(Form* owner, bool) {
   auto* ownerWindow = wxDynamicCast(toolkit_.windowOf(owner), wxTopLevelWindow);
   if (!frame_ || owner_ != ownerWindow) build(ownerWindow);
-  painted_ = false;
   frame_->Show();
   frame_->Raise();
   reportSizeSoon();
@@ -217,14 +216,16 @@ void WxFormWindow::bringToFront() {
 }
 
 void WxFormWindow::refresh() {
-  if (!frame_ || !frame_->IsShown()) return;
+  if (!frame_ || !frame_->IsShown() || frame_->IsIconized()) return;
   // Painting takes turns of the event loop on some hosts; the user's acts wait meanwhile.
   const Acts::Hold hold(acts());
   constexpr int kMostTurns = 20;
-  for (int turn = 0; turn < kMostTurns; ++turn) {
+  wxTheApp->ProcessPendingEvents();
+  painted_ = false;
+  inside_->Refresh();
+  for (int turn = 0; turn < kMostTurns && !painted_; ++turn) {
     toolkit_.pumpEvents();
-    if (frame_) frame_->Update();
-    if (painted_) return;
+    inside_->Update();
     wxMilliSleep(5);
   }
 }

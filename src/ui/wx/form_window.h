@@ -12,6 +12,7 @@
 class wxDialog;
 class wxTopLevelWindow;
 class wxKeyEvent;
+class wxWindow;
 
 namespace varnhold::ui::wx {
 
@@ -56,6 +57,7 @@ class WxFormWindow : public FormWindow {
   View view_;
   WxToolkit& toolkit_;
   wxWeakRef<wxTopLevelWindow> frame_;
+  wxWindow* inside_ = nullptr;
   wxTopLevelWindow* owner_ = nullptr;
   std::unique_ptr<FormMenus> menus_;
   // What the window was last made to show, so that only what the form has changed since is set again.

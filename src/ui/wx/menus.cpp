@@ -133,7 +133,7 @@ void FormMenus::fill(wxMenu& menu, const MenuItem& of) {
 
 void FormMenus::entryChanged() {
   if (bar_ == nullptr || std::exchange(changePending_, true)) return;
-  acts().post([this, life = std::weak_ptr<int>(life_)] {
+  soon([this, life = std::weak_ptr<int>(life_)] {
     if (!life.expired() && changePending_) showChanges();
   });
 }

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "ui/controls/containers.h"
+#include "ui/controls/image.h"
+
+class wxStaticBoxSizer;
+class wxWindow;
+
+namespace varnhold::ui::wx {
+
+/// A frame made in `parent`, as the sizer that lays out what stands in it. `GetStaticBox()` is the parent of
+/// those widgets.
+wxStaticBoxSizer* bindFrame(wxWindow* parent, ui::Frame& frame);
+
+/// A container without a caption, or a picture, made in `parent`, which owns it. A container gets its sizer
+/// from the caller.
+wxWindow* bindPictureBox(wxWindow* parent, ui::PictureBox& box);
+
+/// A picture, made in `parent`, which owns it; `size` in pixels at 100 %.
+wxWindow* bindImage(wxWindow* parent, ui::Image& image, int size = 32);
+
+}  // namespace varnhold::ui::wx

@@ -1,16 +1,24 @@
 // The console's design, and how it comes up.
 #include "console/frmMain.h"
 
+#include <algorithm>
+
+#include "base/runtime_error.h"
 #include "console/forms.h"
 #include "console/icons.h"
+#include "console/texts.h"
+#include "core/mdCommon.h"
 #include "core/program.h"
+#include "ui/controls/screen.h"
 
 namespace varnhold::console {
 namespace {
 
-constexpr int kWidth = 13800, kHeight = 9000;  // twips
+// Twips.
+constexpr int kWidth = 13800, kHeight = 9000, kLeastWidth = 3000;
+constexpr double kFirstSplitterPosition = 3600, kSplitterMargin = 500;
+
 constexpr std::uint32_t kBackgroundPollMs = 1000;
-constexpr double kFirstSplitterPosition = 3600;
 
 const char* titleIcon(const std::string& appTitle) {
   return appTitle == core::kChangesTitle ? icons::kAppTessmark : icons::kAppVarnhold;
@@ -28,6 +36,14 @@ frmMain::frmMain(core::Program& program, ui::Screen& screen, Forms& forms)
   designMenus();
   designToolBars();
   designLists();
+  wireTreeAndList();
+  wireSplitter();
+}
+
+void frmMain::wireSplitter() {
+  imgSplitter.MouseDown = [this](double) { imgSplitter_MouseDown(); };
+  imgSplitter.MouseMove = [this](double x) { imgSplitter_MouseMove(x); };
+  imgSplitter.MouseUp = [this](double) { imgSplitter_MouseUp(); };
 }
 
 void frmMain::designToolBars() {
@@ -56,7 +72,6 @@ void frmMain::designLists() {
     lvListView.ColumnHeaders.Add(column);
   }
   lvListView.ColumnHeaders.Add("Port").Width = 0;  // it keeps its width when the list grows
-  imgSplitter.Position = kFirstSplitterPosition;
   picSplitter.Visible = false;
   tmrAddDomains.Interval = tmrAddSubnet.Interval = kBackgroundPollMs;
   tmrAddDomains.Enabled = tmrAddSubnet.Enabled = false;
@@ -79,6 +94,87 @@ void frmMain::Form_Load() {
   // The blank tells this window from others of the program that bear the bare title: a second start looks
   // for it.
   Caption = program_.AppTitle + " ";
+  imgSplitter.Position = kFirstSplitterPosition;
+  ClickedItemIndex = -1;
+  FirstActivation = true;
+  SplitterMoving = SuppressNodeEvents = false;
+  program_.gDomainThread = program_.gSubnetThread = program_.gSpareThread = 0;
+}
+
+void frmMain::Form_Activate() {
+  screen().MousePointer = ui::Pointer::Hourglass;
+  if (FirstActivation) activateFirst();
+  sbStatusBar.Panels(1).Text = kDisplaying;
+  sbStatusBar.Panels(3).Text = systemCount();
+  screen().MousePointer = ui::Pointer::Default;
+}
+
+void frmMain::activateFirst() {
+  Refresh();
+  ShowBusy("Gathering Network Information... (Network problems may cause delay.)");
+  startEnumeration();
+  program_.host.clock.sleep(400);
+  ShowFree("Loading...");
+  LoadTree();
+  if (tvTreeView.Nodes.Count() > 0) {
+    CurrentNodeText = tvTreeView.Nodes(1).Text;
+    showAllComputers();
+    tvTreeView.Nodes(1).Select();
+  }
+  FirstActivation = false;
+}
+
+void frmMain::Form_QueryUnload(int&, ui::UnloadMode) {
+  const ResumeNext resume;
+  program_.gClosing = true;
+  auto& wait = forms_.frmWait;
+  resume.step([&] { wait.Load(); });
+  wait.WaitForThreads = true;
+  wait.lblTitle.Caption = program_.AppTitle + " is closing...";
+  resume.step([&] { wait.ShowModal(this); });
+}
+
+void frmMain::Form_Unload() {
+  const ResumeNext resume;
+  resume.step([&] { program_.gConn.Close(); });
+  resume.step([&] { program_.host.libraries.qrvCloseDbConnection(); });
+}
+
+void frmMain::Form_Resize() {
+  if (WindowState == ui::WindowState::Minimized) return;
+  if (Width < kLeastWidth) Width = kLeastWidth;
+  SizeControls(imgSplitter.Position);
+}
+
+double frmMain::splitterPosition(double x) const {
+  return std::clamp(x, kSplitterMargin, Width - kSplitterMargin);
+}
+
+void frmMain::SizeControls(double x) {
+  imgSplitter.Position = splitterPosition(x);
+}
+
+void frmMain::imgSplitter_MouseDown() {
+  picSplitter.Position = imgSplitter.Position;
+  picSplitter.Visible = true;
+  SplitterMoving = true;
+}
+
+void frmMain::imgSplitter_MouseMove(double x) {
+  if (SplitterMoving) picSplitter.Position = splitterPosition(x);
+}
+
+void frmMain::imgSplitter_MouseUp() {
+  SizeControls(picSplitter.Position);
+  picSplitter.Visible = false;
+  SplitterMoving = false;
+}
+
+std::string frmMain::ConsolePath() const {
+  std::string path;
+  core::RegReadValue(program_.host.registry, platform::RegistryHive::LocalMachine, core::kManagerKey,
+                     "INSTALLPATH", path);
+  return path;
 }
 
 }  // namespace varnhold::console

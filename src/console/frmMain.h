@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <string>
 
@@ -17,6 +18,9 @@
 
 namespace varnhold::core {
 struct Program;
+}
+namespace varnhold::store {
+class Recordset;
 }
 
 namespace varnhold::console {
@@ -60,6 +64,43 @@ class frmMain : public ui::Form {
   ui::ImageList imlIcons;  ///< by `icons::ConsoleImage`
   ui::Timer tmrPing, tmrAddDomains, tmrAddSubnet;
 
+  /// The text of the tree's node whose computers the list shows: "Groups" for the root; empty where the next
+  /// click is to load anew, whichever node it meets.
+  std::string CurrentNodeText;
+  /// While true, clicks, expansions and collapses of the tree do nothing.
+  bool SuppressNodeEvents = false;
+
+  /// Shows the form busy with `text`, with an hourglass over form, tree and list.
+  void ShowBusy(const std::string& text);
+  /// Ends that: the pointer as usual, `text`, and how many computers the list holds.
+  void ShowFree(const std::string& text);
+  /// Lays out tree, list and bars around the splitter at `x` twips from the left.
+  void SizeControls(double x);
+  /// Rebuilds the tree and the list, and shows the same group again where it is still there. Enumerates the
+  /// network anew unless that is under way. With no node selected it does nothing and leaves the form busy.
+  void mnuViewRefresh_Click();
+  /// Shows the node's computers, unless they are shown already. Null is no node.
+  void tvTreeView_NodeClick(ui::TreeNode* node);
+  /// Where the Manager is installed; empty where that can't be read.
+  [[nodiscard]] std::string ConsolePath() const;
+
+  /// Rebuilds the tree from the groups' rules, as far as the inventory lets it. Ends the program when it is
+  /// closing.
+  void LoadTree();
+  /// Fills the list with every computer, busy with `caption` meanwhile. At an error: false, its description
+  /// in a critical box, and the rows as far as they came.
+  [[nodiscard]] bool LoadAllComputers(const std::string& caption);
+  /// The same with the members of a group; "Groups" means the members of every group.
+  [[nodiscard]] bool LoadGroupMembers(const std::string& groupName, const std::string& caption);
+  /// Writes status and port into the rows from `startIndex` on; see the function of that name.
+  [[nodiscard]] bool LoadAgentStatus(int startIndex);
+
+  /// What follows a command that took groups or computers away: tree and list anew, with the root selected.
+  void reloadAll();
+  /// The reselection rule: opens the root, and selects the first node named `name`, case ignored, from node
+  /// `fromIndex` on, with its computers in the list. Null where there is no such node: nothing else happens.
+  ui::TreeNode* reselectNode(const std::string& name, int fromIndex);
+
   /// Makes the agent commands visible and enabled as far as their own rules allow, with `firstItem` at their
   /// head. What it turns on never goes off again.
   void turnOnAgentCommands(ui::MenuItem& firstItem);
@@ -68,7 +109,37 @@ class frmMain : public ui::Form {
   struct MenuRow;
 
   void Form_Load() override;
+  void Form_Activate() override;
+  void Form_QueryUnload(int& cancel, ui::UnloadMode mode) override;
+  void Form_Unload() override;
+  void Form_Resize() override;
+  void activateFirst();
 
+  void imgSplitter_MouseDown();
+  void imgSplitter_MouseMove(double x);
+  void imgSplitter_MouseUp();
+  [[nodiscard]] double splitterPosition(double x) const;
+
+  void tvTreeView_Expand(ui::TreeNode& node);
+  void tvTreeView_Collapse(ui::TreeNode& node);
+  [[nodiscard]] bool isDeafTo(const ui::TreeNode& node) const;
+  void showRootComputers(const ui::TreeNode& node);
+  /// Fills the list anew, with the message that follows when that fails.
+  void showAllComputers();
+  void showGroupMembers(const std::string& groupName);
+  [[nodiscard]] bool loadList(const std::string& caption, const std::function<void()>& fill);
+  void addRows(store::Recordset& rows);
+  [[nodiscard]] std::string titleOfGroup(const std::string& groupName);
+  void openRoot();
+  void ensureEnumerationRuns();
+  void startEnumeration();
+  [[nodiscard]] std::string systemCount() const;
+
+  void lvListView_ColumnClick(const ui::ColumnHeader& column);
+  void lvListView_ItemClick(const ui::ListItem& item);
+
+  void wireTreeAndList();
+  void wireSplitter();
   void designMenus();
   void designPopUps();
   void designMenu(ui::MenuItem* menu, std::initializer_list<MenuRow> rows);
@@ -77,6 +148,9 @@ class frmMain : public ui::Form {
 
   core::Program& program_;
   Forms& forms_;
+  bool FirstActivation = true;
+  int ClickedItemIndex = -1;  ///< the row last clicked; -1 for none
+  bool SplitterMoving = false;
 };
 
 }  // namespace varnhold::console

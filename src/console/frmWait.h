@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+
+#include "platform/threads.h"
 #include "ui/controls/form.h"
 #include "ui/controls/label.h"
 
@@ -21,6 +24,13 @@ class frmWait : public ui::Form {
   ui::Label lblTitle;
 
  private:
+  void Form_Activate() override;
+
+  [[nodiscard]] std::array<platform::ThreadHandle*, 4> threads() const;
+  /// Gives the handle back where its thread has ended.
+  [[nodiscard]] bool isAlive(platform::ThreadHandle& thread) const;
+  void waitForThreads();
+
   core::Program& program_;
 };
 

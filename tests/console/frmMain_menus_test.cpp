@@ -7,7 +7,6 @@ namespace varnhold::console {
 namespace {
 
 using testing::ElementsAre;
-using Lines = std::vector<std::string>;
 
 class MenusTest : public ConsoleTest {
  protected:

@@ -1,0 +1,133 @@
+// The tree of groups, what it shows in the list, and how the list is sorted and its rows are opened.
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "console/frmMain.h"
+#include "console/texts.h"
+#include "core/mdCommon.h"
+#include "core/program.h"
+#include "ui/controls/screen.h"
+
+namespace varnhold::console {
+
+using platform::MessageIcon;
+
+void frmMain::wireTreeAndList() {
+  tvTreeView.NodeClick = [this](ui::TreeNode& node) { tvTreeView_NodeClick(&node); };
+  tvTreeView.Expand = [this](ui::TreeNode& node) { tvTreeView_Expand(node); };
+  tvTreeView.Collapse = [this](ui::TreeNode& node) { tvTreeView_Collapse(node); };
+  lvListView.ColumnClick = [this](ui::ColumnHeader& column) { lvListView_ColumnClick(column); };
+  lvListView.ItemClick = [this](ui::ListItem& item) { lvListView_ItemClick(item); };
+}
+
+void frmMain::showAllComputers() {
+  if (LoadAllComputers(kReading)) return;
+  screen().messageBox("Could not retrieve members.", MessageIcon::Exclamation);
+}
+
+void frmMain::showGroupMembers(const std::string& groupName) {
+  if (LoadGroupMembers(groupName, kReading)) return;
+  screen().messageBox("Could not retrieve group members.", MessageIcon::Exclamation);
+}
+
+bool frmMain::isDeafTo(const ui::TreeNode& node) const {
+  return SuppressNodeEvents || equalsIgnoringCase(node.Text.get(), CurrentNodeText);
+}
+
+void frmMain::tvTreeView_NodeClick(ui::TreeNode* node) {
+  if (node == nullptr || isDeafTo(*node)) return;
+  const ResumeNext resume(
+      [this](const RuntimeError& error) { screen().messageBox(error.description(), MessageIcon::Critical); });
+  resume.step([&] {
+    if (node->Key() == kRootKey) {
+      showAllComputers();
+    } else {
+      showGroupMembers(node->Text);
+    }
+  });
+  resume.step([&] { CurrentNodeText = node->Text; });
+}
+
+void frmMain::tvTreeView_Expand(ui::TreeNode& node) {
+  showRootComputers(node);
+}
+
+void frmMain::tvTreeView_Collapse(ui::TreeNode& node) {
+  showRootComputers(node);
+}
+
+void frmMain::showRootComputers(const ui::TreeNode& node) {
+  if (isDeafTo(node)) return;
+  if (node.Key() == kRootKey) showAllComputers();
+  CurrentNodeText = node.Text;
+}
+
+void frmMain::openRoot() {
+  SuppressNodeEvents = true;
+  tvTreeView.Nodes(1).Expanded = true;
+  SuppressNodeEvents = false;
+}
+
+ui::TreeNode* frmMain::reselectNode(const std::string& name, int fromIndex) {
+  openRoot();
+  for (int i = fromIndex; i <= tvTreeView.Nodes.Count(); ++i) {
+    auto& node = tvTreeView.Nodes(i);
+    if (!equalsIgnoringCase(node.Text.get(), name)) continue;
+    showGroupMembers(node.Text);
+    node.Select();
+    node.EnsureVisible();
+    return &node;
+  }
+  return nullptr;
+}
+
+void frmMain::reloadAll() {
+  LoadTree();
+  if (tvTreeView.Nodes.Count() == 0) return;
+  showAllComputers();
+  tvTreeView.Nodes(1).Select();
+  CurrentNodeText = kRootText;
+}
+
+void frmMain::startEnumeration() {
+  program_.host.libraries.qrvNetworkEnum(program_.gEnumThread);
+}
+
+void frmMain::ensureEnumerationRuns() {
+  std::uint32_t exitCode = 0;
+  const bool isRead = program_.host.threads.getExitCodeThread(program_.gEnumThread, exitCode);
+  if (!isRead || exitCode != platform::kStillActive) startEnumeration();
+}
+
+void frmMain::mnuViewRefresh_Click() {
+  ShowBusy("Refreshing...");
+  // Without a selected node it stops here and stays busy, deliberately.
+  if (!tvTreeView.SelectedItem()) return;
+  const std::string selected = tvTreeView.SelectedItem()->Text;
+  ensureEnumerationRuns();
+  ShowFree("Reloading...");
+  LoadTree();
+  if (tvTreeView.Nodes.Count() == 0) {
+    showAllComputers();
+  } else if (equalsIgnoringCase(CurrentNodeText, kRootText)) {
+    showAllComputers();
+    tvTreeView.Nodes(1).Select();
+  } else if (reselectNode(CurrentNodeText, 2) == nullptr) {
+    showAllComputers();
+  }
+  CurrentNodeText = selected;
+  core::RequestManagerResync(program_.host.registry);
+}
+
+void frmMain::lvListView_ColumnClick(const ui::ColumnHeader& column) {
+  // A second click turns nothing round, deliberately: names ascend and all else descends.
+  const int key = column.Index() - 1;
+  lvListView.SortKey = key;
+  lvListView.SortOrder = key == 0 ? ui::SortOrder::Ascending : ui::SortOrder::Descending;
+  lvListView.Sorted = true;
+}
+
+void frmMain::lvListView_ItemClick(const ui::ListItem& item) {
+  ClickedItemIndex = item.Index();
+}
+
+}  // namespace varnhold::console

@@ -1,9 +1,9 @@
 #include "companion/include/qrvutil.h"
 
-#include <mutex>
 #include <thread>
 
 #include "companion/abi.h"
+#include "companion/inventory.h"
 #include "companion/job.h"
 #include "companion/lab/lab_network.h"
 #include "companion/local_calls.h"
@@ -70,30 +70,6 @@ QrvThread startJob(JobKind kind, const QrvDeploymentJob* job, const char* librar
 
 LabNetwork lab() {
   return LabNetwork(readSurroundings().labFolder);
-}
-
-/// The library's own connection to the inventory, opened when it is first needed and again after an error.
-struct Inventory {
-  std::mutex mutex;
-  store::Connection connection;
-};
-
-/// Never destroyed: the driver may be gone before this library is.
-Inventory& inventory() {
-  static auto* own = new Inventory;
-  return *own;
-}
-
-void storeInInventory(const SystemRow& system) {
-  Inventory& own = inventory();
-  const std::lock_guard lock(own.mutex);
-  try {
-    if (!own.connection.isOpen()) own.connection.Open("qrvdb", "", "");
-    storeSystem(own.connection, system);
-  } catch (...) {
-    own.connection.Close();
-    throw;
-  }
 }
 
 /// The longest part of the text that fits a buffer, cut between letters.
@@ -190,7 +166,8 @@ int32_t QRV_CALL qrvUpdateSystemDetailsInDB(QrvSystemDetails* details) {
     const auto description = abi::text(details->DetailsText1, kQrvText1Size - 1);
     const auto address = abi::text(details->DetailsText2, kQrvText2Size - 1);
     if (!name || name->empty() || !description || !address) return 0;
-    storeInInventory({*name, details->SystemType, *address, *description});
+    const SystemRow system{*name, details->SystemType, *address, *description};
+    ownInventory().use([&](varnhold::store::Connection& connection) { storeSystem(connection, system); });
     return 1;
   });
 }

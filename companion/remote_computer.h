@@ -146,6 +146,8 @@ class Network {
   /// don't count. Nothing when there is none.
   [[nodiscard]] virtual std::unique_ptr<RemoteComputer> find(std::string_view nameOrAddress) const = 0;
   [[nodiscard]] virtual JobScript script(std::string_view nameOrAddress, std::string_view job) const = 0;
+  /// The names of all computers, in order.
+  [[nodiscard]] virtual std::vector<std::string> names() const = 0;
 };
 
 }  // namespace varnhold::companion

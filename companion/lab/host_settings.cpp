@@ -11,6 +11,9 @@ namespace varnhold::companion {
 namespace {
 
 constexpr const char* kJobs[] = {"install", "uninstall", "upgrade", "configuration_file", "ini"};
+/// What can be delayed: the jobs, and the walk of the discovery at this computer.
+constexpr const char* kDelays[] = {"install", "uninstall", "upgrade", "configuration_file",
+                                   "ini",     "discovery"};
 constexpr const char* kSteps[] = {"connect",
                                   "version",
                                   "share",
@@ -142,7 +145,7 @@ class Reader {
   }
 
   void readDelays() {
-    for (const std::string job : kJobs) {
+    for (const std::string job : kDelays) {
       JobScript& script = settings_.scripts[job];
       if (lowerCase(ini_.value("delay_ms", job).value_or("")) == "never") {
         script.neverEnds = true;
@@ -179,8 +182,10 @@ class Reader {
         checkKeys(section, kHostKeys);
       else if (name == "account")
         checkKeys(section, kAccountKeys);
-      else if (name == "result" || name == "no_thread" || name == "delay_ms")
+      else if (name == "result" || name == "no_thread")
         checkKeys(section, kJobs);
+      else if (name == "delay_ms")
+        checkKeys(section, kDelays);
       else if (name == "refuse")
         checkKeys(section, kSteps);
       else

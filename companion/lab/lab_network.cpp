@@ -95,4 +95,17 @@ JobScript LabNetwork::script(std::string_view nameOrAddress, std::string_view jo
   return found == host->settings.scripts.end() ? JobScript{} : found->second;
 }
 
+std::vector<std::string> LabNetwork::names() const {
+  std::vector<std::string> names;
+  std::error_code error;
+  std::filesystem::directory_iterator entries(folder_, error);
+  for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+    std::error_code unreadable;
+    if (std::filesystem::exists(resolveIgnoringCase(entries->path(), {"host.ini"}), unreadable))
+      names.push_back(utf8FromPath(entries->path().filename()));
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
 }  // namespace varnhold::companion

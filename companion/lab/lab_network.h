@@ -16,6 +16,7 @@ class LabNetwork : public Network {
 
   [[nodiscard]] std::unique_ptr<RemoteComputer> find(std::string_view nameOrAddress) const override;
   [[nodiscard]] JobScript script(std::string_view nameOrAddress, std::string_view job) const override;
+  [[nodiscard]] std::vector<std::string> names() const override;
 
   /// The path on this host behind `\\HOST\C$\folder\file`; the drive's own folder is made where it is
   /// missing.

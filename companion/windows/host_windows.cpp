@@ -37,6 +37,16 @@ class LockedFile : public Hold {
   OwnedHandle file_;
 };
 
+/// The system gives a mutex of an ended thread to the next one, and says so.
+class AbandonableMutex : public ThreadMutex {
+ public:
+  bool lock() override { return WaitForSingleObject(mutex_.get(), INFINITE) != WAIT_ABANDONED; }
+  void unlock() override { ReleaseMutex(mutex_.get()); }
+
+ private:
+  OwnedHandle mutex_{CreateMutexW(nullptr, FALSE, nullptr)};
+};
+
 std::wstring wide(UINT codePage, std::string_view text) {
   if (text.empty()) return {};
   const int size = static_cast<int>(text.size());
@@ -116,6 +126,10 @@ Win32Error replaceFile(const std::filesystem::path& file, std::string_view bytes
 
 std::unique_ptr<Hold> lockFile(const std::filesystem::path& file) {
   return std::make_unique<LockedFile>(file);
+}
+
+std::unique_ptr<ThreadMutex> makeThreadMutex() {
+  return std::make_unique<AbandonableMutex>();
 }
 
 void* startThread(Work work) {

@@ -39,6 +39,10 @@ inline constexpr std::array kRegistryValues = {
     RegistryValueEntry{kQuorvaneKey, "MaxDBSize", platform::kRegNumber, "500, and that is written back",
                        "frmCompactDB", "frmCompactDB",
                        "size of the database file, in megabytes, at which compaction is suggested"},
+    RegistryValueEntry{kQuorvaneKey, "NetAccessMode", platform::kRegNumber,
+                       "the operator is asked at the next start", "qrvGetNetAccessMode",
+                       "qrvSetNetAccessMode",
+                       "discovery mode: 0 the operator adds computers, any other number automatic"},
     RegistryValueEntry{kQuorvaneKey, "LocalRootDir", platform::kRegText, "none", "mnuHelpSupport", "nobody",
                        "folder of the support tool"},
     RegistryValueEntry{

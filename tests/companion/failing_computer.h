@@ -21,6 +21,7 @@ class FailingNetwork : public Network {
 
   [[nodiscard]] std::unique_ptr<RemoteComputer> find(std::string_view nameOrAddress) const override;
   [[nodiscard]] JobScript script(std::string_view, std::string_view) const override { return {}; }
+  [[nodiscard]] std::vector<std::string> names() const override { return network_.names(); }
 
  private:
   const Network& network_;

@@ -28,6 +28,7 @@ configuration_file = 0
 [no_thread]
 uninstall = yes
 [delay_ms]
+discovery = 250
 install = 500
 uninstall = never
 [refuse]
@@ -55,6 +56,7 @@ TEST(HostSettings, ReadsEveryKey) {
   EXPECT_TRUE(settings.scripts.at("uninstall").noThread);
   EXPECT_FALSE(settings.scripts.at("install").noThread);
   EXPECT_EQ(settings.scripts.at("install").delay, std::chrono::milliseconds(500));
+  EXPECT_EQ(settings.scripts.at("discovery").delay, std::chrono::milliseconds(250));
   EXPECT_TRUE(settings.scripts.at("uninstall").neverEnds);
   EXPECT_EQ(settings.refusals.at("service"), kAccessDenied);
   EXPECT_EQ(settings.refusals.at("start"), kLogonFailed);

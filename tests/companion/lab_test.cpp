@@ -40,13 +40,23 @@ TEST_F(Lab, DoesNotTakeAFolderWithoutHostIniForAComputer) {
   EXPECT_EQ(lab_.network().find("EMPTY"), nullptr);
 }
 
+TEST_F(Lab, NamesItsComputersInOrder) {
+  lab_.addHost("WKS02");
+  lab_.addHost("Wks01", "[host]\nanswers=no\n");
+  std::filesystem::create_directories(lab_.labFolder() / "EMPTY");
+  writeText(lab_.labFolder() / "notes.txt", "no computer");
+  EXPECT_EQ(lab_.network().names(), (std::vector<std::string>{"WKS02", "Wks01"}));
+}
+
 TEST_F(Lab, ThatIsNotThereHasNoComputers) {
+  EXPECT_TRUE(LabNetwork(lab_.installPath() / "no lab").names().empty());
   EXPECT_EQ(LabNetwork(lab_.installPath() / "no lab").find("WKS01"), nullptr);
   lab_.addHost("WKS01");
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(lab_.labFolder());
   EXPECT_EQ(LabNetwork({}).find("WKS01"), nullptr);
   EXPECT_EQ(LabNetwork({}).find("10.1.1.11"), nullptr);
+  EXPECT_TRUE(LabNetwork({}).names().empty());
   std::filesystem::current_path(before);
 }
 

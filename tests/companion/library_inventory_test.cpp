@@ -34,6 +34,8 @@ platform::SystemDetails details(const std::string& name, std::int32_t type, cons
 
 class LibraryInventory : public testing::Test {
  protected:
+  ~LibraryInventory() override { home_.host().libraries().qrvCloseDbConnection(); }
+
   bool store(platform::SystemDetails record) {
     return home_.host().libraries().qrvUpdateSystemDetailsInDB(record);
   }
@@ -42,7 +44,6 @@ class LibraryInventory : public testing::Test {
   LibraryHome home_;
 };
 
-// One test, since the library keeps its connection for the life of the process.
 TEST_F(LibraryInventory, GetsNewSystemsAndIsBroughtUpToDate) {
   home_.lab().addHost("WKS01", "[host]\naddress=10.1.1.11\ntype=7\ndescription=Desk\n");
   platform::SystemDetails found;

@@ -77,6 +77,11 @@ TEST_F(PlainLibrary, AnswersANullWithAFailure) {
   EXPECT_EQ(CALL(qrvFindSystemAndReturnDetails)(nullptr), 0);
   EXPECT_EQ(CALL(qrvUpdateSystemDetailsInDB)(nullptr), 0);
   EXPECT_EQ(CALL(qrvChkRmtRegNGetPrgFilePath)(nullptr, text.data()), 0);
+  EXPECT_EQ(CALL(qrvNetworkEnum)(nullptr), 0);
+  EXPECT_EQ(CALL(qrvGetNetAccessMode)(nullptr), 0);
+  EXPECT_EQ(CALL(qrvCheckIfBelongsToSubnet)(nullptr, text.data()), 0);
+  EXPECT_EQ(CALL(qrvCheckIfBelongsToSubnet)(text.data(), nullptr), 0);
+  EXPECT_EQ(CALL(qrvHostTerminateThread)(nullptr, 0), 0);
   QrvSystemDetails details{};
   EXPECT_EQ(CALL(qrvFindSystemAndReturnDetails)(&details), 0);
   EXPECT_EQ(CALL(qrvUpdateSystemDetailsInDB)(&details), 0);
@@ -138,6 +143,21 @@ TEST_F(PlainLibrary, HasExitCodesOnlyForOpenHandles) {
   EXPECT_EQ(code, 7U);
   CALL(qrvHostCloseHandle)(thread);
   CALL(qrvHostCloseHandle)(nullptr);
+}
+
+TEST_F(PlainLibrary, GivesAnEndedThreadItsCodeAtOnceAndOnce) {
+  home_.lab().addHost("WKS01", "[delay_ms]\ndiscovery=never\n");
+  QrvThread thread = nullptr;
+  ASSERT_NE(CALL(qrvNetworkEnum)(&thread), 0);
+  std::uint32_t code = 7;
+  EXPECT_NE(CALL(qrvHostTerminateThread)(thread, 3), 0);
+  EXPECT_NE(CALL(qrvHostGetExitCodeThread)(thread, &code), 0);
+  EXPECT_EQ(code, 3U);
+  EXPECT_NE(CALL(qrvHostTerminateThread)(thread, 4), 0);
+  EXPECT_NE(CALL(qrvHostGetExitCodeThread)(thread, &code), 0);
+  EXPECT_EQ(code, 3U);
+  CALL(qrvHostCloseHandle)(thread);
+  EXPECT_EQ(CALL(qrvHostTerminateThread)(thread, 5), 0);
 }
 
 TEST_F(PlainLibrary, ShowsAComputersServicesLogsAndShares) {
@@ -207,6 +227,19 @@ void storeWithoutADataSource() {
   details.SystemName = name.data();
   details.DetailsText1 = details.DetailsText2 = empty.data();
   std::exit(functions.get<decltype(::qrvUpdateSystemDetailsInDB)>("qrvUpdateSystemDetailsInDB")(&details));
+}
+
+void setModeWhereTheRegistryRefuses() {
+  const Functions functions;
+  LibraryHome home;
+  std::filesystem::remove(home.lab().installPath() / "registry.reg");
+  std::filesystem::create_directory(home.lab().installPath() / "registry.reg");
+  std::exit(functions.get<decltype(::qrvSetNetAccessMode)>("qrvSetNetAccessMode")(1));
+}
+
+TEST(LibraryDeathTest, StoresNoModeWhereTheRegistryRefuses) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(setModeWhereTheRegistryRefuses(), testing::ExitedWithCode(0), "");
 }
 
 // In a process of its own: the driver manager remembers for a while what it read of the data sources.

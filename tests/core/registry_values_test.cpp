@@ -19,6 +19,7 @@ using Entry = std::tuple<std::string, std::string, std::uint32_t>;
 const std::set<Entry> kExpected = {
     {R"(SOFTWARE\Kelmont Works\Quorvane)", "DBPath", kRegText},
     {R"(SOFTWARE\Kelmont Works\Quorvane)", "MaxDBSize", kRegNumber},
+    {R"(SOFTWARE\Kelmont Works\Quorvane)", "NetAccessMode", kRegNumber},
     {R"(SOFTWARE\Kelmont Works\Quorvane)", "LocalRootDir", kRegText},
     {R"(SOFTWARE\Kelmont Works\Varnhold\Manager)", "INSTALLPATH", kRegText},
     {R"(SOFTWARE\Kelmont Works\Varnhold\Manager)", "SWINSTALLPATH", kRegText},

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <stop_token>
+
+#include "companion/host.h"
+#include "store/connection.h"
+
+namespace varnhold::companion {
+
+/// The library's own connection to the inventory, which its threads share: one at a time works with it.
+/// Opened by `open` or when it is first needed, and again after an error or a `close`. Any thread.
+class Inventory {
+ public:
+  /// Raises what `Connection::Open` raises.
+  void open();
+  /// Waits for whoever works with it.
+  void close();
+  /// Works with the open connection. Raises what `open` and `work` raise, with the connection closed. Once a
+  /// stop is requested nothing is opened or done: whoever asked for it may want the inventory for himself.
+  void use(const std::function<void(store::Connection&)>& work, const std::stop_token& stop = {});
+
+ private:
+  class Turn;
+
+  void ensureOpen();
+
+  std::unique_ptr<host::ThreadMutex> mutex_ = host::makeThreadMutex();
+  std::unique_ptr<store::Connection> connection_ = std::make_unique<store::Connection>();
+};
+
+/// The one of this process. Never destroyed: the driver may be gone before this library is.
+[[nodiscard]] Inventory& ownInventory();
+
+}  // namespace varnhold::companion

@@ -1,6 +1,7 @@
 # The rules every folder of the house builds under, and the words to declare one:
 #   varnhold_library(NAME SOURCES ... USES ...)   a folder is a target; USES is all it may link
-#   varnhold_test(NAME SOURCES ... USES ...)      one GoogleTest program, run shuffled by ctest
+#   varnhold_test(NAME SOURCES ... USES ...)      one GoogleTest program, run shuffled by ctest; with DISPLAY before
+#                                                 SOURCES, on a virtual display of its own
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -44,11 +45,16 @@ function(varnhold_library name)
 endfunction()
 
 function(varnhold_test name)
-  cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(arg "DISPLAY" "" "SOURCES;USES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${name} PRIVATE ${arg_USES} varnhold_warnings GTest::gmock GTest::gtest_main)
-  add_test(NAME ${name} COMMAND ${name} --gtest_shuffle --gtest_brief=1)
+  if(arg_DISPLAY)
+    add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/cmake/run-under-xvfb ${CMAKE_CROSSCOMPILING_EMULATOR}
+                                  $<TARGET_FILE:${name}> --gtest_shuffle --gtest_brief=1)
+  else()
+    add_test(NAME ${name} COMMAND ${name} --gtest_shuffle --gtest_brief=1)
+  endif()
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()
 

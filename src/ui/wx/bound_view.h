@@ -19,7 +19,8 @@ class BoundView : public Interface {
   BoundView(Widget& widget, Kind& control) : widget_(widget), control_(&control) {}
 
   void sync() override {
-    if (control_ == nullptr) return;
+    // Acts on the way are to find the widget as the user left it; behind the last one it is shown anew.
+    if (control_ == nullptr || actsOnTheWay_ > 0) return;
     const Quiet quiet(*this);
     syncCommonValues(widget_, *control_);
     show(*control_);
@@ -65,22 +66,24 @@ class BoundView : public Interface {
   /// but not behind it: a handler may have closed the form.
   void post(std::function<void(Kind&)> act) {
     if (quiet_ > 0 || control_ == nullptr) return;
+    ++actsOnTheWay_;
     acts().post([this, life = std::weak_ptr<int>(life_), act = std::move(act)] {
-      if (life.expired() || control_ == nullptr) return;
+      if (life.expired()) return;
+      --actsOnTheWay_;
+      if (control_ == nullptr) return;
       act(*control_);
-      if (!life.expired()) sync();
+      if (life.expired() || actsOnTheWay_ > 0) return;
+      sync();
+      lookNow();
     });
   }
 
   /// Runs `look` once on a later turn of the event loop, however often it was asked for until then.
   void lookSoon(std::function<void(Kind&)> look) {
-    if (std::exchange(lookPending_, true)) return;
-    soon([this, life = std::weak_ptr<int>(life_), look = std::move(look)] {
-      if (life.expired()) return;
-      lookPending_ = false;
-      if (control_ == nullptr) return;
-      const Quiet quiet(*this);
-      look(*control_);
+    if (look_ != nullptr) return;
+    look_ = std::move(look);
+    soon([this, life = std::weak_ptr<int>(life_)] {
+      if (!life.expired() && actsOnTheWay_ == 0) lookNow();
     });
   }
 
@@ -90,10 +93,18 @@ class BoundView : public Interface {
   [[nodiscard]] Kind* control() const { return control_; }
 
  private:
+  void lookNow() {
+    const auto look = std::exchange(look_, nullptr);
+    if (look == nullptr || control_ == nullptr) return;
+    const Quiet quiet(*this);
+    look(*control_);
+  }
+
   Widget& widget_;
   Kind* control_;
   int quiet_ = 0;
-  bool lookPending_ = false;
+  int actsOnTheWay_ = 0;
+  std::function<void(Kind&)> look_;  // what is to be looked at soon
   std::shared_ptr<int> life_ = std::make_shared<int>();
 };
 

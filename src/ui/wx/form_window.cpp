@@ -40,14 +40,6 @@ wxTopLevelWindow* makeFrame(const Form& form, wxTopLevelWindow* owner) {
   return dialog;
 }
 
-wxIconBundle iconsOf(const std::string& name) {
-  wxIconBundle icons;
-  const auto picture = icon(name);
-  if (!picture.IsOk()) return icons;
-  for (const int size : {16, 32, 48}) icons.AddIcon(picture.GetIcon(wxSize(size, size)));
-  return icons;
-}
-
 WindowState stateOf(const wxTopLevelWindow& frame) {
   if (frame.IsIconized()) return WindowState::Minimized;
   return frame.IsMaximized() ? WindowState::Maximized : WindowState::Normal;
@@ -118,7 +110,7 @@ void WxFormWindow::keyDown(wxKeyEvent& event) {
   const int modifiers = modifiersOf(event);
   const int key = keyOf(event.GetKeyCode());
   const auto letter = static_cast<char32_t>(event.GetUnicodeKey());
-  if (modifiers == kAlt && answersMnemonic(letter)) {
+  if (modifiers == kAlt && letter != 0 && answersMnemonic(letter)) {
     post([this, letter] { form_.userMnemonic(letter); });
     return;
   }
@@ -137,7 +129,7 @@ bool WxFormWindow::answersMnemonic(char32_t letter) const {
 void WxFormWindow::sync() {
   if (!frame_) return;
   frame_->SetTitle(shown(form_.Caption));
-  if (!form_.Icon.get().empty()) frame_->SetIcons(iconsOf(form_.Icon));
+  if (!form_.Icon.get().empty()) frame_->SetIcons(windowIcon(form_.Icon));
   if (frame_->IsThisEnabled() != form_.Enabled.get()) frame_->Enable(form_.Enabled);
   setPointer(*frame_, form_.MousePointer);
   showSize();
@@ -160,8 +152,10 @@ void WxFormWindow::showState() {
     frame_->Iconize();
   } else if (wanted == WindowState::Maximized) {
     frame_->Maximize();
+  } else if (frame_->IsIconized()) {
+    frame_->Iconize(false);
   } else {
-    frame_->Restore();
+    frame_->Maximize(false);
   }
 }
 

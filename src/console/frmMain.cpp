@@ -38,6 +38,7 @@ frmMain::frmMain(core::Program& program, ui::Screen& screen, Forms& forms)
   designLists();
   wireTreeAndList();
   wireSplitter();
+  wireCommands();
 }
 
 void frmMain::wireSplitter() {

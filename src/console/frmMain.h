@@ -2,8 +2,10 @@
 
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 
+#include "console/deployment_wizard.h"
 #include "ui/controls/control_array.h"
 #include "ui/controls/form.h"
 #include "ui/controls/image.h"
@@ -101,18 +103,29 @@ class frmMain : public ui::Form {
   /// `fromIndex` on, with its computers in the list. Null where there is no such node: nothing else happens.
   ui::TreeNode* reselectNode(const std::string& name, int fromIndex);
 
+  /// What follows the creation of the group `name`: the tree anew, and the group selected where it is there.
+  void showCreatedGroup(const std::string& name);
+  /// What follows a change of the group `name`: the same, or every computer where it is there no more.
+  void showEditedGroup(const std::string& name);
+
+  /// What the commands add, remove and upgrade fill and show; without it they do nothing.
+  std::optional<DeploymentWizard> wizard;
+
   /// Makes the agent commands visible and enabled as far as their own rules allow, with `firstItem` at their
   /// head. What it turns on never goes off again.
   void turnOnAgentCommands(ui::MenuItem& firstItem);
 
  private:
   struct MenuRow;
+  struct WizardRule;
+  enum class Operation { Add = 1, Remove = 2, Upgrade = 3 };
 
   void Form_Load() override;
   void Form_Activate() override;
   void Form_QueryUnload(int& cancel, ui::UnloadMode mode) override;
   void Form_Unload() override;
   void Form_Resize() override;
+  void Form_KeyDown(int& key, int modifiers) override;
   void activateFirst();
 
   void imgSplitter_MouseDown();
@@ -138,6 +151,33 @@ class frmMain : public ui::Form {
   void lvListView_ColumnClick(const ui::ColumnHeader& column);
   void lvListView_ItemClick(const ui::ListItem& item);
 
+  void mnuFileExit_Click();
+  void mnuView_Click();
+  void mnuAgent_Click();
+  void mnuViewToolbarTools_Click();
+  void mnuViewToolbarsManager_Click();
+  void mnuViewStatusBar_Click();
+  void mnuHelpContents_Click();
+  void toggleBar(ui::MenuItem& entry, ui::Control& bar);
+  static void applyStartRule(const ui::ListItem* row, ui::MenuItem& start, ui::MenuItem& status);
+  void tvTreeView_MouseDown(ui::MouseButton button, ui::TreeNode* node);
+  void lvListView_MouseDown(ui::MouseButton button, ui::ListItem* row);
+
+  void wizardFromMenu(Operation operation);
+  void wizardFromTree(Operation operation);
+  void wizardFromList(Operation operation);
+  void beginWizard(Operation operation, int page);
+  void showWizard();
+  void passRowsOfTree(const WizardRule& rule);
+  void fillPathSystems();
+  void addSelectedRows();
+  void removeSelectedRows(Operation operation);
+  [[nodiscard]] bool isLocalFocused() const;
+
+  void wireCommands();
+  void wireWizard();
+  void wireAliases();
+  void wireToolBars();
   void wireTreeAndList();
   void wireSplitter();
   void designMenus();

@@ -88,6 +88,25 @@ void frmMain::reloadAll() {
   CurrentNodeText = kRootText;
 }
 
+void frmMain::showCreatedGroup(const std::string& name) {
+  LoadTree();
+  if (tvTreeView.Nodes.Count() == 0) return;
+  // From the root on: a group of that very name shows the members of every group.
+  if (const auto* node = reselectNode(name, 1)) CurrentNodeText = node->Text;
+}
+
+void frmMain::showEditedGroup(const std::string& name) {
+  ShowBusy("Please Wait...");
+  ShowFree("Reloading...");
+  LoadTree();
+  if (tvTreeView.Nodes.Count() == 0) return;
+  if (const auto* node = reselectNode(name, 1)) {
+    CurrentNodeText = node->Text;
+  } else {
+    showAllComputers();
+  }
+}
+
 void frmMain::startEnumeration() {
   program_.host.libraries.qrvNetworkEnum(program_.gEnumThread);
 }

@@ -6,8 +6,8 @@
 #include "store/connection.h"
 #include "store/value.h"
 
-/// For set-up and tests, where many rows are written at once; the program itself writes single rows and has
-/// no transactions. Errors as for `Connection`.
+/// For where many rows are written at once: set-up, tests and the filling of groups. Everything else that the
+/// program writes is single rows that commit by themselves. Errors as for `Connection`.
 namespace varnhold::store {
 
 /// What is executed on the connection while this lives is done as a whole, by `commit`, or not at all.

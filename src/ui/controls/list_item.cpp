@@ -18,7 +18,7 @@ void ListItem::changed(const void* value) {
   if (value == &Selected) {
     rows_.list().rowSelectionSet(*this);
   } else if (value != &Tag) {
-    rows_.list().rowChanged(*this);
+    rows_.contentChanged(*this);
   }
 }
 
@@ -48,7 +48,7 @@ const std::string& ListItem::cellText(int column) const {
 void ListItem::setCellText(int column, const std::string& text) {
   if (cellText(column) == text) return;
   cellToSet(column).text = text;
-  rows_.list().rowChanged(*this);
+  rows_.contentChanged(*this);
 }
 
 const std::string& ListItem::cellTag(int column) const {
@@ -69,7 +69,7 @@ const int& ListItem::cellIcon(int column) const {
 
 void ListItem::setCellIcon(int column, const int& icon) {
   extraToSet(column).icon = icon;
-  rows_.list().rowChanged(*this);
+  rows_.contentChanged(*this);
 }
 
 }  // namespace varnhold::ui

@@ -40,6 +40,7 @@ ListItem& ListItems::Add(const std::string& text) {
   const auto place = placeOfNew(added);
   rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(place), std::move(row));
   numbered_ = std::min(numbered_, place);
+  ++revision_;
   list_.rowsChanged();
   return added;
 }
@@ -51,13 +52,20 @@ void ListItems::Remove(int index) {
   const auto gone = std::move(rows_[place]);
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(place));
   numbered_ = std::min(numbered_, place);
+  ++revision_;
   list_.rowRemoved(*gone, place);
+}
+
+void ListItems::contentChanged(const ListItem& row) {
+  ++revision_;
+  list_.rowChanged(row);
 }
 
 void ListItems::Clear() {
   rows_.clear();
   sortPending_ = false;
   numbered_ = 0;
+  ++revision_;
   list_.rowsCleared();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -47,10 +48,18 @@ class ListItems {
   [[nodiscard]] Iterator begin() const { return Iterator(rows().begin()); }
   [[nodiscard]] Iterator end() const { return Iterator(rows().end()); }
 
+  /// Another number each time a row came, went, moved or shows something else. The selection does not count.
+  [[nodiscard]] std::uint64_t revision() const { return revision_; }
+
   [[nodiscard]] ListView& list() const { return list_; }
   [[nodiscard]] int indexOf(const ListItem& row) const;
   /// The rows are to be sorted anew before anyone looks at them.
-  void orderIsStale() { sortPending_ = true; }
+  void orderIsStale() {
+    sortPending_ = true;
+    ++revision_;
+  }
+  /// A row shows something else.
+  void contentChanged(const ListItem& row);
   /// Sorts now what is still to be sorted.
   void settleOrder() const;
 
@@ -65,6 +74,7 @@ class ListItems {
   mutable bool sortPending_ = false;
   // Rows below this place know their index; the others are numbered when one of them is asked.
   mutable std::size_t numbered_ = 0;
+  std::uint64_t revision_ = 1;
 };
 
 }  // namespace varnhold::ui

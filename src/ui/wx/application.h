@@ -1,6 +1,9 @@
 #pragma once
 
 #include <wx/app.h>
+#include <wx/gdicmn.h>
+
+#include <optional>
 
 #include "ui/wx/acts.h"
 
@@ -10,6 +13,8 @@ namespace varnhold::ui::wx {
 class Application : public wxApp {
  public:
   Acts acts;
+  /// See `PopUpPlace`.
+  std::optional<wxPoint> popUpPlace;
 
   bool OnInit() override {
     // Windows come and go between two event loops; only the form stack decides when the run ends.

@@ -6,6 +6,7 @@
 
 #include "ui/controls/form.h"
 #include "ui/wx/acts.h"
+#include "ui/wx/popup_place.h"
 #include "ui/wx/wx_headers.h"
 #include "ui/wx/wx_text.h"
 
@@ -199,7 +200,9 @@ MenuItem* FormMenus::popUp(const MenuItem& menu) {
   const auto barMenusOnly = opens_;
   fill(popped, menu);
   const auto life = std::weak_ptr<int>(life_);
-  const int id = frame_.GetPopupMenuSelectionFromUser(popped);
+  const auto place = PopUpPlace::current();
+  const auto inFrame = place ? frame_.ScreenToClient(*place) : wxDefaultPosition;
+  const int id = frame_.GetPopupMenuSelectionFromUser(popped, inFrame);
   if (life.expired()) return nullptr;
   opens_ = barMenusOnly;
   return id == wxID_NONE ? nullptr : itemOf(id);

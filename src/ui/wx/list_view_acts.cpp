@@ -1,0 +1,98 @@
+// What users do to a list, on its way to the control.
+#include "ui/wx/list_view_binding.h"
+#include "ui/wx/popup_place.h"
+
+namespace varnhold::ui::wx {
+
+void ListViewBinding::listen() {
+  rows_.listen(
+      {.selectionMoved = [this] { selectionMoved(); },
+       .activated = [this](int row) { activated(row); },
+       .headClicked =
+           [this](int column) { post([column](ui::ListView& list) { list.userColumnClick(column); }); },
+       .pressed = [this](MouseButton button, const ListPlace& place) { pressed(button, place); },
+       .released = [this](MouseButton button, const ListPlace& place) { released(button, place); }});
+  listenToKeys();
+  widget().Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    widthsStale_ = true;
+    lookLater();
+  });
+  widget().Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+    event.Skip();
+    keyIsDown_ = false;
+    if (isQuiet()) return;
+    focusArrives_ = true;
+    post([this](ui::ListView&) { focusArrives_ = false; });
+  });
+}
+
+void ListViewBinding::listenToKeys() {
+  widget().Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) { keyDown(event); });
+  widget().Bind(wxEVT_KEY_UP, [this](wxKeyEvent& event) {
+    event.Skip();
+    keyIsDown_ = false;
+  });
+  widget().Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
+    event.Skip();
+    const int key = static_cast<int>(event.GetUnicodeKey());
+    if (key != WXK_NONE) post([key](ui::ListView& list) { list.userKeyPress(key); });
+  });
+  widget().Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+    if (event.GetPosition() == wxDefaultPosition) menuByKey();
+  });
+}
+
+void ListViewBinding::pressed(MouseButton button, const ListPlace& place) {
+  keyIsDown_ = false;
+  if (button == MouseButton::Right) {
+    // What a right press does to the selection is for the form to say.
+    const Quiet quiet(*this);
+    rows_.showSelection(rows_.selection(), selection_);
+    widget().SetFocus();
+  }
+  post([button, place](ui::ListView& list) {
+    list.userMouseDown(button, place.row, place.subItem, place.flags);
+  });
+  if (button == MouseButton::Right) return;
+  if (place.row != 0) {
+    readSelectionSoon(true);
+  } else {
+    post([](ui::ListView& list) { list.userClick(0); });
+  }
+}
+
+void ListViewBinding::released(MouseButton button, const ListPlace& place) {
+  post([button, place](ui::ListView& list) {
+    list.userMouseUp(button, place.row, place.subItem, place.flags);
+  });
+}
+
+void ListViewBinding::activated(int row) {
+  // Keys open nothing by themselves: Enter is the form's, and the space bar selects.
+  if (!keyIsDown_) post([row](ui::ListView& list) { list.userDblClick(row); });
+}
+
+void ListViewBinding::keyDown(wxKeyEvent& event) {
+  keyIsDown_ = true;
+  const int code = event.GetKeyCode();
+  if (code == WXK_RETURN || code == WXK_NUMPAD_ENTER) {
+    post([](ui::ListView& list) { list.userKeyPress(kKeyReturn); });
+  } else if (code == 'A' && event.GetModifiers() == wxMOD_CONTROL) {
+    post([](ui::ListView& list) { list.userSelectAll(); });
+  } else {
+    event.Skip();
+  }
+}
+
+void ListViewBinding::menuByKey() {
+  post([this](ui::ListView& list) {
+    const auto focused = list.SelectedItem();
+    const int row = focused ? focused->Index() : 0;
+    if (row != 0) rows_.reveal(row);
+    const PopUpPlace place(widget().ClientToScreen(rows_.menuPlace(row)));
+    list.userMouseDown(MouseButton::Right, row);
+  });
+}
+
+}  // namespace varnhold::ui::wx

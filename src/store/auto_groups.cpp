@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <span>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "base/runtime_error.h"
@@ -14,7 +16,6 @@
 #include "store/command.h"
 #include "store/recordset.h"
 #include "store/statements.h"
-#include "store/table_names.h"
 
 namespace varnhold::store {
 namespace {
@@ -38,14 +39,19 @@ std::string_view classStatement(std::int64_t osType) {
 }
 
 std::string textOf(Recordset& rows, std::string_view column) {
-  const Value value = rows.Fields(column).value();
+  const Value& value = rows.Fields(column).value();
   return value.isNull() ? std::string() : value.asText();
 }
 
 std::int64_t numberOf(Recordset& rows, std::string_view column) {
-  const Value value = rows.Fields(column).value();
+  const Value& value = rows.Fields(column).value();
   return value.isNull() ? 0 : value.asInteger();
 }
+
+struct System {
+  std::string name, address;
+};
+using Systems = std::vector<System>;
 
 /// The whole run. Every statement is a step of its own: a failing one is passed over.
 class Refresh {
@@ -56,40 +62,39 @@ class Refresh {
   }
 
   void run() {
-    open(members_, std::string(mdDataBase::kSystemGroup));
     forEachRow(std::string(statements::kRefreshedGroups),
                [&](Recordset& groups) { fillGroup(textOf(groups, "Group_Name")); });
   }
 
  private:
-  void open(Recordset& rows, const std::string& source) {
-    resumeNext_.step([&] { rows.Open(source, connection_, CursorType::Static, LockType::ReadOnly); });
-  }
-
-  /// A row whose reading fails is passed over; so is a set that can't be opened.
+  /// A row whose reading fails is passed over. False for a set that can't be opened.
   template <class Action>
-  void forEachRow(const std::string& source, Action action) {
+  bool forEachRow(const std::string& source, Action action) {
     Recordset rows;
-    open(rows, source);
     bool more = false;
     const auto look = [&] { more = !rows.Bof() && !rows.Eof(); };
-    for (resumeNext_.step(look); more;) {
+    const bool opened = resumeNext_.step([&] {
+      rows.Open(source, connection_, CursorType::Static, LockType::ReadOnly);
+      look();
+    });
+    while (more) {
       resumeNext_.step([&] { action(rows); });
       more = false;
       if (resumeNext_.step([&] { rows.MoveNext(); })) resumeNext_.step(look);
     }
+    return opened;
   }
 
   void fillGroup(const std::string& group) {
     bool found = false;
     std::int64_t osType = 0;
     std::string subnet;
-    Recordset rule;
-    open(rule, statements::fill(statements::kGroupRule, {{"group", group}}));
-    resumeNext_.step([&] { found = !rule.Bof() && !rule.Eof(); });
-    if (!found) return;
-    resumeNext_.step([&] { osType = numberOf(rule, "OS_Type"); });
-    resumeNext_.step([&] { subnet = textOf(rule, "IP_Subnet"); });
+    forEachRow(statements::fill(statements::kGroupRule, {{"group", group}}), [&](Recordset& rule) {
+      // Each group has one rule.
+      if (std::exchange(found, true)) return;
+      resumeNext_.step([&] { osType = numberOf(rule, "OS_Type"); });
+      subnet = textOf(rule, "IP_Subnet");
+    });
     known_.reset();
     if (osType != 0) fillByClass(group, osType);
     if (!subnet.empty()) fillBySubnet(group, subnet);
@@ -97,23 +102,35 @@ class Refresh {
 
   void fillByClass(const std::string& group, std::int64_t osType) {
     Names missing;
-    forEachRow(std::string(classStatement(osType)),
-               [&](Recordset& systems) { noteIfMissing(group, textOf(systems, "System_Name"), missing); });
+    for (const System& system : systemsOf(classStatement(osType))) noteIfMissing(group, system.name, missing);
     add(group, missing);
   }
 
   void fillBySubnet(const std::string& group, const std::string& subnet) {
     Names missing;
-    forEachRow(std::string(statements::kSubnetCandidates), [&](Recordset& systems) {
-      if (belongsToSubnet_(textOf(systems, "IP_Address"), subnet))
-        noteIfMissing(group, textOf(systems, "System_Name"), missing);
-    });
+    for (const System& system : systemsOf(statements::kSubnetCandidates)) {
+      bool belongs = false;
+      resumeNext_.step([&] { belongs = belongsToSubnet_(system.address, subnet); });
+      if (belongs) noteIfMissing(group, system.name, missing);
+    }
     add(group, missing);
   }
 
-  void noteIfMissing(const std::string& group, std::string name, Names& missing) {
+  /// The computers that a rule chooses from, asked for once in a run: the groups share a few such sets.
+  const Systems& systemsOf(std::string_view statement) {
+    const auto [place, isNew] = systems_.try_emplace(statement);
+    if (!isNew) return place->second;
+    const bool opened = forEachRow(std::string(statement), [&, &systems = place->second](Recordset& rows) {
+      systems.push_back({textOf(rows, "System_Name"), textOf(rows, "IP_Address")});
+    });
+    if (opened) return place->second;
+    systems_.erase(place);
+    return kNoSystems;
+  }
+
+  void noteIfMissing(const std::string& group, const std::string& name, Names& missing) {
     if (!known_) known_ = readMembers(group);
-    if (!known_->contains(name)) missing.push_back(std::move(name));
+    if (!known_->contains(name)) missing.push_back(name);
   }
 
   /// One look at the members of the group, in place of a filter for each computer. A computer that both rules
@@ -121,8 +138,10 @@ class Refresh {
   std::unordered_set<std::string> readMembers(const std::string& group) {
     std::unordered_set<std::string> names;
     resumeNext_.step([&] {
-      members_.setFilter(statements::fill(statements::kGroupNameFilter, {{"group", group}}));
-      for (; !members_.Eof(); members_.MoveNext()) names.insert(textOf(members_, "System_Name"));
+      Recordset members;
+      members.Open(statements::fill(statements::kNamesInGroup, {{"group", group}}), connection_,
+                   CursorType::Static, LockType::ReadOnly);
+      for (; !members.Eof(); members.MoveNext()) names.insert(textOf(members, "System_Name"));
     });
     return names;
   }
@@ -158,7 +177,8 @@ class Refresh {
   const BelongsToSubnet& belongsToSubnet_;
   const ResumeNext resumeNext_;
   Command command_;
-  Recordset members_;
+  static inline const Systems kNoSystems;
+  std::map<std::string_view, Systems> systems_;           ///< by the statement that asked for them
   std::optional<std::unordered_set<std::string>> known_;  ///< the members of the group that is being filled
 };
 

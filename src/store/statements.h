@@ -76,6 +76,9 @@ inline constexpr std::string_view kGroupWithRule =
 inline constexpr std::string_view kRefreshedGroups = "SELECT * FROM System_Group_Master WHERE Auto = 0";
 inline constexpr std::string_view kGroupRule =
     "SELECT * FROM System_Group_Detail WHERE Group_Name = '{group}'";
+/// The program's own: which rows of `System_Group` a filter by computer and group would show.
+inline constexpr std::string_view kNamesInGroup =
+    "SELECT System_Name FROM System_Group WHERE Group_Name = '{group}'";
 inline constexpr std::string_view kOldWindowsComputers =
     "SELECT * FROM System_Table WHERE System_Type = 2 OR System_Type = 3 OR System_Type = 13";
 inline constexpr std::string_view kWorkstations =

@@ -81,10 +81,10 @@ class AutoGroupsContract : public InventoryContract {
 TEST_F(AutoGroupsContract, AClassOfComputersIsFilledWithDocumentedStatements) {
   addSystems({{"A", 4}, {"B", 15}});
   addGroup("Desks", 4, "");
-  EXPECT_EQ(refresh(),
-            (std::vector<std::string>{kGroups, "SELECT * FROM System_Group_Detail WHERE Group_Name = 'Desks'",
-                                      kWorkstation, "SELECT * FROM System_Group WHERE Group_Name = 'Desks'",
-                                      insertOf("A", "Desks"), insertOf("B", "Desks")}));
+  EXPECT_EQ(refresh(), (std::vector<std::string>{
+                           kGroups, "SELECT * FROM System_Group_Detail WHERE Group_Name = 'Desks'",
+                           kWorkstation, "SELECT System_Name FROM System_Group WHERE Group_Name = 'Desks'",
+                           insertOf("A", "Desks"), insertOf("B", "Desks")}));
   EXPECT_EQ(members(), (Table{{"Desks", "A"}, {"Desks", "B"}}));
 }
 
@@ -125,9 +125,10 @@ TEST_F(AutoGroupsContract, AnyOtherClassThanTheFirstTwoIsServers) {
 TEST_F(AutoGroupsContract, ASubnetIsFilledWithDocumentedStatements) {
   addSystems({{"A", 101, "10.1.1.5"}, {"B", 301, "10.1.2.5"}, {"C", 99999, "10.1.1.6"}});
   addGroup("Floor", 0, "10.1.1.0");
-  EXPECT_EQ(refresh(), (std::vector<std::string>{
-                           kGroups, "SELECT * FROM System_Group_Detail WHERE Group_Name = 'Floor'", kAll,
-                           "SELECT * FROM System_Group WHERE Group_Name = 'Floor'", insertOf("A", "Floor")}));
+  EXPECT_EQ(refresh(),
+            (std::vector<std::string>{kGroups, "SELECT * FROM System_Group_Detail WHERE Group_Name = 'Floor'",
+                                      kAll, "SELECT System_Name FROM System_Group WHERE Group_Name = 'Floor'",
+                                      insertOf("A", "Floor")}));
   EXPECT_EQ(members(), (Table{{"Floor", "A"}}));
   EXPECT_EQ(asked, (std::vector<std::string>{"10.1.1.5 in 10.1.1.0", "10.1.2.5 in 10.1.1.0"}));
 }

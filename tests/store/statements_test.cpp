@@ -71,6 +71,8 @@ const Expected kDocumented[] = {
      "System_Group_Master.Group_Name = System_Group_Detail.Group_Name"},
     {fill(kRefreshedGroups, {}), "SELECT * FROM System_Group_Master WHERE Auto = 0"},
     {fill(kGroupRule, {{"group", "Web"}}), "SELECT * FROM System_Group_Detail WHERE Group_Name = 'Web'"},
+    {fill(kNamesInGroup, {{"group", "Web"}}),
+     "SELECT System_Name FROM System_Group WHERE Group_Name = 'Web'"},
     {fill(kOldWindowsComputers, {}),
      "SELECT * FROM System_Table WHERE System_Type = 2 OR System_Type = 3 OR System_Type = 13"},
     {fill(kWorkstations, {}),

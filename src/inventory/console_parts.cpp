@@ -2,13 +2,17 @@
 
 #include <utility>
 
+#include "core/online_help.h"
+#include "core/program.h"
+#include "ui/controls/screen.h"
+
 namespace varnhold::inventory {
 
 ConsoleForm::ConsoleForm(core::Program& program, ui::Screen& screen, std::string name, ConsoleParts parts)
     : Form(screen, std::move(name)), program_(program), parts_(std::move(parts)) {}
 
 void ConsoleForm::Form_KeyDown(int& key, int) {
-  if (key == ui::kKeyF1) parts_.ShowOnlineHelp();
+  if (key == ui::kKeyF1) core::ShowOnlineHelp(program_.host.processes, screen());
 }
 
 }  // namespace varnhold::inventory

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "ui/controls/form.h"
@@ -20,7 +19,6 @@ struct ConsoleParts {
   ui::ListView& lvListView;
   ui::TreeView& tvTreeView;
   ui::ImageList& imlIcons;
-  std::function<void()> ShowOnlineHelp;
 };
 
 /// A form of the console whose key F1 opens the help.

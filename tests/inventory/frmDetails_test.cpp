@@ -135,7 +135,7 @@ TEST_F(ComputerDetailsTest, OpenTheHelpWithF1) {
     form.userKeyDown(ui::kKeyF1);
     form.cmdOK.userClick();
   });
-  EXPECT_THAT(fakes::linesOf(fake.journal, "ShowOnlineHelp"), testing::SizeIs(1));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "ShellExecute"), testing::SizeIs(1));
 }
 
 class GroupDetailsTest : public DetailsTest {

@@ -151,7 +151,7 @@ TEST_F(NetAccessTest, OpensTheHelpWithF1) {
     form.cmdOK.userClick();
   });
   form.ShowModal();
-  EXPECT_THAT(fakes::linesOf(fake.journal, "ShowOnlineHelp"), testing::SizeIs(1));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "ShellExecute"), testing::SizeIs(1));
 }
 
 class TessmarkNetAccessTest : public NetAccessTest {

@@ -137,7 +137,7 @@ TEST_F(SystemTypeTest, OpensTheHelpWithF1) {
     form.userKeyDown(ui::kKeyF1);
     form.cmdOK.userClick();
   });
-  EXPECT_THAT(fakes::linesOf(fake.journal, "ShowOnlineHelp"), testing::SizeIs(1));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "ShellExecute"), testing::SizeIs(1));
 }
 
 }  // namespace

@@ -34,10 +34,7 @@ class InventoryFormTest : public testing::Test {
   explicit InventoryFormTest(const char* appTitle = core::kManagerTitle)
       : ui(fake.journal, appTitle), program(fake.host(), appTitle, fake.statementListener()) {}
 
-  ConsoleParts parts() {
-    return {console, console.lvListView, console.tvTreeView, console.imlIcons,
-            [this] { fake.journal.push_back("ShowOnlineHelp"); }};
-  }
+  ConsoleParts parts() { return {console, console.lvListView, console.tvTreeView, console.imlIcons}; }
   /// Shows the console, and forgets that.
   void openConsole() {
     console.Show();

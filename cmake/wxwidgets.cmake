@@ -6,13 +6,17 @@ if(DEFINED ENV{XDG_CACHE_HOME})
   set_property(CACHE VARNHOLD_WX_MINGW PROPERTY VALUE "$ENV{XDG_CACHE_HOME}/varnhold/wxwidgets3.2-mingw")
 endif()
 
+add_library(wxwidgets INTERFACE)
+
 if(WIN32)
-  set(wx_config "${VARNHOLD_WX_MINGW}/bin/wx-config")
   if(NOT EXISTS "${VARNHOLD_WX_MINGW}/complete")
     message(FATAL_ERROR "There is no wxWidgets in ${VARNHOLD_WX_MINGW}: run scripts/wxwidgets-mingw first")
   endif()
-else()
-  find_program(wx_config wx-config REQUIRED)
+  # Found by its own CMake package, which is no part of the cross compiler's root.
+  find_package(wxWidgets CONFIG REQUIRED COMPONENTS core base
+               PATHS "${VARNHOLD_WX_MINGW}/lib/cmake/wxWidgets" NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+  target_link_libraries(wxwidgets INTERFACE wx::core wx::base)
+  return()
 endif()
 
 function(ask_wx_config result)
@@ -22,14 +26,13 @@ function(ask_wx_config result)
   set(${result} ${answer} PARENT_SCOPE)
 endfunction()
 
+find_program(wx_config wx-config REQUIRED)
 ask_wx_config(wx_flags --cxxflags)
 ask_wx_config(wx_libraries --libs core,base)
 set(wx_folders ${wx_flags})
 list(FILTER wx_folders INCLUDE REGEX "^-I")
 list(TRANSFORM wx_folders REPLACE "^-I" "")
-list(FILTER wx_flags EXCLUDE REGEX "^-(I|pthread|mthreads)")
-
-add_library(wxwidgets INTERFACE)
+list(FILTER wx_flags EXCLUDE REGEX "^-(I|pthread)")
 target_include_directories(wxwidgets SYSTEM INTERFACE ${wx_folders})
 target_compile_options(wxwidgets INTERFACE ${wx_flags})
 target_link_libraries(wxwidgets INTERFACE ${wx_libraries})

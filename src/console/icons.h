@@ -9,6 +9,8 @@ inline constexpr const char* kComputer = "computer";
 inline constexpr const char* kGroup = "group";
 inline constexpr const char* kAppTessmark = "app-tessmark";
 inline constexpr const char* kAppVarnhold = "app-varnhold";
+inline constexpr const char* kSplashTessmark = "splash-tessmark";
+inline constexpr const char* kSplashVarnhold = "splash-varnhold";
 
 inline constexpr const char* kConfigure = "configure";
 inline constexpr const char* kSearch = "search";

@@ -14,9 +14,9 @@ SplashForm::SplashForm(core::Program& program, ui::Screen& screen, std::string n
 }
 
 frmTKWSplash::frmTKWSplash(core::Program& program, ui::Screen& screen)
-    : SplashForm(program, screen, "frmTKWSplash", icons::kAppTessmark) {}
+    : SplashForm(program, screen, "frmTKWSplash", icons::kSplashTessmark) {}
 
 frmSplash::frmSplash(core::Program& program, ui::Screen& screen)
-    : SplashForm(program, screen, "frmSplash", icons::kAppVarnhold) {}
+    : SplashForm(program, screen, "frmSplash", icons::kSplashVarnhold) {}
 
 }  // namespace varnhold::console

@@ -34,7 +34,8 @@ const std::vector<Room>& rooms() {
       {"src/inventory", {"base/", "platform/", "store/", "core/", "ui/controls/"}},
       {"src/console", {"base/", "platform/", "store/", "core/", "ui/controls/", "inventory/"}},
       {"src/startup", {"base/", "platform/", "store/", "core/", "deployment/"}},
-      {"src/app", {"base/", "platform/", "store/", "core/", "deployment/", "startup/"}},
+      {"src/app",
+       {"base/", "platform/", "store/", "core/", "deployment/", "startup/", "inventory/", "console/", "ui/"}},
       {"companion", {"base/", "platform/", "store/", "qrvutil.h", "qrvhost.h"}},
       {"tools", {"base/", "platform/", "store/", "core/"}},
   };

@@ -9,40 +9,42 @@
 namespace varnhold::ui::wx {
 namespace {
 
-constexpr int kPictureSize = 32;
-
 /// Shows a picture by its name where it differs from the one that is shown.
 class PictureOn {
  public:
-  PictureOn(wxStaticBitmap& widget, int size) : widget_(widget), size_(size) {}
+  explicit PictureOn(wxStaticBitmap& widget) : widget_(widget) {}
 
   void show(const std::string& name) {
     if (name == name_) return;
     name_ = name;
-    const auto picture = icon(name);
-    widget_.SetBitmap(
-        picture.IsOk() ? wxBitmapBundle(picture.GetBitmap(widget_.FromDIP(wxSize(size_, size_)))) : picture);
+    widget_.SetBitmap(icon(name));
     layoutSoon(widget_);
   }
 
  private:
   wxStaticBitmap& widget_;
-  int size_;
   std::string name_;
 };
 
 class FrameView : public BoundView<ControlView, ui::Frame, wxStaticBox> {
  public:
-  using BoundView::BoundView;
+  FrameView(wxStaticBox& widget, ui::Frame& frame, wxSizer& sizer)
+      : BoundView(widget, frame), sizer_(sizer) {}
 
  private:
-  void show(const ui::Frame& frame) override { showCaption(widget(), frame.Caption); }
+  void show(const ui::Frame& frame) override {
+    // What stands in the frame may need less room than its caption does.
+    const auto room = widget().GetTextExtent(shown(frame.Caption) + "MMM");
+    sizer_.SetMinSize(wxSize(room.x, -1));
+    showCaption(widget(), frame.Caption);
+  }
+
+  wxSizer& sizer_;
 };
 
 class ImageView : public BoundView<ControlView, ui::Image, wxStaticBitmap> {
  public:
-  ImageView(wxStaticBitmap& widget, ui::Image& image, int size)
-      : BoundView(widget, image), picture_(widget, size) {}
+  ImageView(wxStaticBitmap& widget, ui::Image& image) : BoundView(widget, image), picture_(widget) {}
 
  private:
   void show(const ui::Image& image) override { picture_.show(image.Picture); }
@@ -53,7 +55,7 @@ class ImageView : public BoundView<ControlView, ui::Image, wxStaticBitmap> {
 class PictureBoxView : public BoundView<ControlView, ui::PictureBox, wxPanel> {
  public:
   PictureBoxView(wxPanel& widget, ui::PictureBox& box, wxStaticBitmap* bitmap) : BoundView(widget, box) {
-    if (bitmap != nullptr) picture_.emplace(*bitmap, kPictureSize);
+    if (bitmap != nullptr) picture_.emplace(*bitmap);
   }
 
  private:
@@ -68,8 +70,9 @@ class PictureBoxView : public BoundView<ControlView, ui::PictureBox, wxPanel> {
 
 wxStaticBoxSizer* bindFrame(wxWindow* parent, ui::Frame& frame) {
   auto* box = new wxStaticBox(parent, wxID_ANY, shown(frame.Caption));
-  bind<FrameView>(box, frame);
-  return new wxStaticBoxSizer(box, wxVERTICAL);
+  auto* sizer = new wxStaticBoxSizer(box, wxVERTICAL);
+  bind<FrameView>(box, frame, *sizer);
+  return sizer;
 }
 
 wxWindow* bindPictureBox(wxWindow* parent, ui::PictureBox& box) {
@@ -82,8 +85,8 @@ wxWindow* bindPictureBox(wxWindow* parent, ui::PictureBox& box) {
   return bind<PictureBoxView>(panel, box, bitmap);
 }
 
-wxWindow* bindImage(wxWindow* parent, ui::Image& image, int size) {
-  return bind<ImageView>(new wxStaticBitmap(parent, wxID_ANY, wxBitmapBundle()), image, size);
+wxWindow* bindImage(wxWindow* parent, ui::Image& image) {
+  return bind<ImageView>(new wxStaticBitmap(parent, wxID_ANY, wxBitmapBundle()), image);
 }
 
 }  // namespace varnhold::ui::wx

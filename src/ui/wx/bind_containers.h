@@ -16,7 +16,7 @@ wxStaticBoxSizer* bindFrame(wxWindow* parent, ui::Frame& frame);
 /// from the caller.
 wxWindow* bindPictureBox(wxWindow* parent, ui::PictureBox& box);
 
-/// A picture, made in `parent`, which owns it; `size` in pixels at 100 %.
-wxWindow* bindImage(wxWindow* parent, ui::Image& image, int size = 32);
+/// A picture in its own size, made in `parent`, which owns it.
+wxWindow* bindImage(wxWindow* parent, ui::Image& image);
 
 }  // namespace varnhold::ui::wx

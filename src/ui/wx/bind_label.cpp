@@ -31,7 +31,7 @@ class LabelView : public BoundView<ControlView, ui::Label, wxWindow> {
 
   void show(const ui::Label& label) override {
     showLook(label.Link);
-    const auto caption = shown(label.Caption);
+    const auto caption = shownLines(label.Caption);
     if (caption == caption_) return;
     caption_ = caption;
     text_.SetLabel(caption);

@@ -2,6 +2,7 @@
 #include <wx/filename.h>
 #include <wx/textdlg.h>
 
+#include "ui/wx/message_dialog.h"
 #include "ui/wx/wx_headers.h"
 #include "ui/wx/wx_text.h"
 #include "ui/wx/wx_toolkit.h"
@@ -36,19 +37,11 @@ long styleOf(const MessageBox& box) {
   return box.systemModal ? style | wxSTAY_ON_TOP : style;
 }
 
-/// Line ends as the toolkit has them.
-wxString shownLines(const std::string& text) {
-  auto lines = shown(text);
-  lines.Replace("\r\n", "\n");
-  return lines;
-}
-
 }  // namespace
 
 Answer WxToolkit::messageBox(const MessageBox& box, Form* owner) {
   const ModalRun run(*this);
-  wxMessageDialog dialog(windowOf(owner), shownLines(box.text), shown(box.title), styleOf(box));
-  const int answer = dialog.ShowModal();
+  const int answer = showMessage(windowOf(owner), shownLines(box.text), shown(box.title), styleOf(box));
   if (box.buttons == BoxButtons::Ok) return Answer::Ok;
   return answer == wxID_YES ? Answer::Yes : Answer::No;
 }

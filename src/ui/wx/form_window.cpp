@@ -129,11 +129,20 @@ bool WxFormWindow::answersMnemonic(char32_t letter) const {
 void WxFormWindow::sync() {
   if (!frame_) return;
   frame_->SetTitle(shown(form_.Caption));
-  if (!form_.Icon.get().empty()) frame_->SetIcons(windowIcon(form_.Icon));
+  showIcon();
   if (frame_->IsThisEnabled() != form_.Enabled.get()) frame_->Enable(form_.Enabled);
   setPointer(*frame_, form_.MousePointer);
   showSize();
   showState();
+}
+
+void WxFormWindow::showIcon() {
+  // A form without an icon of its own bears that of the form it belongs to.
+  if (!form_.Icon.get().empty()) {
+    frame_->SetIcons(windowIcon(form_.Icon));
+  } else if (owner_ != nullptr) {
+    frame_->SetIcons(owner_->GetIcons());
+  }
 }
 
 void WxFormWindow::showSize() {

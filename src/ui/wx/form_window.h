@@ -49,6 +49,7 @@ class WxFormWindow : public FormWindow {
   void post(std::function<void()> act);
   void reportSizeSoon();
   void reportSize();
+  void showIcon();
   void showSize();
   void showState();
   [[nodiscard]] wxDialog* dialog() const;

@@ -1,9 +1,20 @@
 #include "ui/wx/views.h"
 
+#include "console/frmWait.h"
+#include "console/splash.h"
+#include "inventory/frmDetails.h"
+#include "inventory/frmNetAccessSel.h"
+#include "inventory/frmSystemType.h"
+#include "ui/wx/form_views.h"
+
 namespace varnhold::ui::wx {
 
 Views allViews() {
-  return {};
+  return {
+      {"frmDetails", viewOf(layOutDetails)},  {"frmNetAccessSel", viewOf(layOutNetAccessSel)},
+      {"frmSplash", viewOf(layOutSplash)},    {"frmSystemType", viewOf(layOutSystemType)},
+      {"frmTKWSplash", viewOf(layOutSplash)}, {"frmWait", viewOf(layOutWait)},
+  };
 }
 
 }  // namespace varnhold::ui::wx

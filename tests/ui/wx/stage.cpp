@@ -28,7 +28,7 @@ Stage& Stage::theOne() {
 }
 
 Stage::Stage() {
-  Views views;
+  Views views = allViews();
   for (const char* name : {"frmA", "frmB", "frmC"}) {
     views[name] = [this, name](wxWindow& inside, Form& form) { views_.at(name)(inside, form); };
   }

@@ -15,7 +15,8 @@
 
 namespace varnhold::ui::wx {
 
-/// The one toolkit of the test program. It can show the forms frmA, frmB and frmC once they have views.
+/// The one toolkit of the test program. It can show the forms of the program,
+/// and frmA, frmB and frmC once they have views.
 class Stage {
  public:
   /// Made with the first use; gone behind the last test.

@@ -1,0 +1,25 @@
+#pragma once
+
+class wxWindow;
+
+namespace varnhold::console {
+class SplashForm;
+class frmWait;
+}  // namespace varnhold::console
+
+namespace varnhold::inventory {
+class frmDetails;
+class frmNetAccessSel;
+class frmSystemType;
+}  // namespace varnhold::inventory
+
+/// The views of the program's forms, one source each. `allViews` lists them by the names of their forms.
+namespace varnhold::ui::wx {
+
+void layOutDetails(wxWindow& inside, inventory::frmDetails& form);
+void layOutNetAccessSel(wxWindow& inside, inventory::frmNetAccessSel& form);
+void layOutSplash(wxWindow& inside, console::SplashForm& form);
+void layOutSystemType(wxWindow& inside, inventory::frmSystemType& form);
+void layOutWait(wxWindow& inside, console::frmWait& form);
+
+}  // namespace varnhold::ui::wx

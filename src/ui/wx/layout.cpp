@@ -1,0 +1,36 @@
+#include "ui/wx/layout.h"
+
+namespace varnhold::ui::wx {
+
+wxBoxSizer* dialogColumn(wxWindow& inside) {
+  auto* margin = new wxBoxSizer(wxVERTICAL);
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  margin->Add(column, wxSizerFlags(1).Expand().Border(wxALL, inside.FromDIP(kMargin)));
+  inside.SetSizer(margin);
+  return column;
+}
+
+void addButtons(wxBoxSizer& column, std::initializer_list<wxWindow*> buttons) {
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  row->AddStretchSpacer();
+  for (auto* button : buttons) row->Add(button, wxSizerFlags().Border(wxLEFT, button->FromDIP(kGap)));
+  column.Add(row, wxSizerFlags().Expand().Border(wxTOP, (*buttons.begin())->FromDIP(kMargin)));
+}
+
+FieldGrid::FieldGrid(const wxWindow& parent)
+    : wxFlexGridSizer(2, parent.FromDIP(kGap), parent.FromDIP(kMargin)) {
+  AddGrowableCol(1);
+}
+
+void FieldGrid::add(wxWindow* name, wxWindow* field) {
+  Add(name, wxSizerFlags().CentreVertical());
+  Add(field, wxSizerFlags().Expand().CentreVertical());
+}
+
+void FieldGrid::addTall(wxWindow* name, wxWindow* field) {
+  Add(name, wxSizerFlags().Top());
+  Add(field, wxSizerFlags(1).Expand());
+  AddGrowableRow(static_cast<size_t>(GetEffectiveRowsCount()) - 1);
+}
+
+}  // namespace varnhold::ui::wx

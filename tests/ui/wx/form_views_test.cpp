@@ -1,0 +1,134 @@
+// The views of the program's forms: every control is there, and nothing is cut off.
+#include "console/forms.h"
+#include "inventory/frmDetails.h"
+#include "inventory/frmNetAccessSel.h"
+#include "inventory/frmSystemType.h"
+#include "tests/fakes/fake_host.h"
+#include "tests/ui/wx/stage.h"
+#include "ui/wx/common_values.h"
+
+namespace varnhold::ui::wx {
+namespace {
+
+/// The windows in which the toolkit shows `control`, `top` itself and all that stands in it searched.
+const wxWindow* widgetOf(const wxWindow& top, const Control& control) {
+  if (controlOf(top) == &control) return &top;
+  for (const auto* child : top.GetChildren()) {
+    if (const auto* found = widgetOf(*child, control)) return found;
+  }
+  return nullptr;
+}
+
+bool hasWidget(const Control& control) {
+  return dynamic_cast<const MenuItem*>(&control) == nullptr &&
+         dynamic_cast<const Timer*>(&control) == nullptr &&
+         dynamic_cast<const ImageList*>(&control) == nullptr;
+}
+
+bool mustShowAll(const wxWindow& widget) {
+  const bool hasText = dynamic_cast<const wxStaticText*>(&widget) != nullptr ||
+                       dynamic_cast<const wxAnyButton*>(&widget) != nullptr ||
+                       dynamic_cast<const wxRadioButton*>(&widget) != nullptr ||
+                       dynamic_cast<const wxStaticBitmap*>(&widget) != nullptr;
+  return hasText && !widget.HasFlag(wxST_ELLIPSIZE_END);
+}
+
+void expectNothingIsCutOff(const wxWindow& window) {
+  for (const auto* child : window.GetChildren()) {
+    if (child->IsTopLevel() || !child->IsShown()) continue;
+    const auto label = child->GetLabel();
+    if (mustShowAll(*child)) {
+      EXPECT_GE(child->GetSize().x, child->GetBestSize().x) << label;
+      EXPECT_GE(child->GetSize().y, child->GetBestSize().y) << label;
+    }
+    EXPECT_LE(child->GetRect().GetRight(), window.GetSize().x) << label;
+    EXPECT_LE(child->GetRect().GetBottom(), window.GetSize().y) << label;
+    expectNothingIsCutOff(*child);
+  }
+}
+
+class FormViews : public WxTest {
+ protected:
+  /// Shows the form's window as it is designed, without any of its handlers.
+  wxWindow& show(Form& form) {
+    window_ = stage.toolkit().createWindow(form);
+    window_->show(nullptr, false);
+    settle();
+    return *stage.toolkit().windowOf(&form);
+  }
+
+  void expectComplete(Form& form) {
+    auto& window = show(form);
+    for (const auto* control : form.controls()) {
+      EXPECT_TRUE(!hasWidget(*control) || widgetOf(window, *control) != nullptr) << control->Name();
+    }
+    expectNothingIsCutOff(window);
+  }
+
+  inventory::ConsoleParts parts() {
+    auto& main = forms.frmMain;
+    return {main, main.lvListView, main.tvTreeView, main.imlIcons};
+  }
+
+  fakes::FakeHost fake;
+  core::Program program{fake.host(), core::kManagerTitle};
+  console::Forms forms{program, screen};
+
+ private:
+  std::unique_ptr<FormWindow> window_;
+};
+
+const std::string kLongName = "A-COMPUTER-WITH-A-LONG-NAME.of-a-long-domain.example.internal";
+
+TEST_F(FormViews, TheSplashes) {
+  expectComplete(forms.frmSplash);
+  expectComplete(forms.frmTKWSplash);
+}
+
+TEST_F(FormViews, TheWait) {
+  forms.frmWait.lblTitle.Caption = "Starting Agent on " + kLongName + "...";
+  expectComplete(forms.frmWait);
+}
+
+TEST_F(FormViews, TheWaitWithATextThatComesLater) {
+  auto& window = show(forms.frmWait);
+  forms.frmWait.lblTitle.Caption = "Starting Agent on " + kLongName + "...";
+  settle();
+  expectNothingIsCutOff(window);
+}
+
+TEST_F(FormViews, TheDiscoveryMode) {
+  inventory::frmNetAccessSel form(program, screen, parts());
+  form.lblInfo.Caption =
+      "Select how Varnhold - System Manager should add Computers from your network. You can access "
+      "and modify this setting anytime from\r[Options | Select 'Auto Discover' Mode]";
+  expectComplete(form);
+}
+
+TEST_F(FormViews, TheDetailsOfAComputer) {
+  inventory::frmDetails form(program, screen, parts());
+  form.freGroup.Visible = false;
+  expectComplete(form);
+  form.freInfo.Caption = "System: " + kLongName;
+  form.lblIPA.Caption = "-error retrieving data-";
+  form.lblAgents.Caption = "Managed - High Performance Mode";
+  settle();
+  expectNothingIsCutOff(*stage.toolkit().windowOf(&form));
+}
+
+TEST_F(FormViews, TheDetailsOfAGroup) {
+  inventory::frmDetails form(program, screen, parts());
+  form.freInfo.Visible = false;
+  form.freGroup.Caption = "Group: " + kLongName;
+  form.lblDomain.Caption = kLongName;
+  expectComplete(form);
+}
+
+TEST_F(FormViews, TheTypeOfASystem) {
+  inventory::frmSystemType form(program, screen, parts());
+  form.freInfo.Caption = "System: " + kLongName;
+  expectComplete(form);
+}
+
+}  // namespace
+}  // namespace varnhold::ui::wx

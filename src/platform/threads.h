@@ -17,8 +17,8 @@ class Threads {
   /// GetExitCodeThread: false when the call fails, and `exitCode` then stays as it was.
   [[nodiscard]] virtual bool getExitCodeThread(ThreadHandle thread, std::uint32_t& exitCode) = 0;
   /// TerminateThread: the thread ends with that code, wherever it is; one that has ended keeps its own. False
-  /// for what is no thread. A host without such a call lets the thread end itself at its next safe place; its
-  /// exit code is the given one at once.
+  /// for what is no thread, and where the host refuses. A host without such a call lets the thread end itself
+  /// at its next safe place; its exit code is the given one at once.
   virtual bool terminateThread(ThreadHandle thread, std::uint32_t exitCode) = 0;
   /// CloseHandle.
   virtual void closeHandle(ThreadHandle thread) = 0;

@@ -22,6 +22,8 @@ class WindowsThreads : public Threads {
     return true;
   }
   bool terminateThread(ThreadHandle thread, std::uint32_t exitCode) override {
+    // Not every host of Win32 leaves the code of a thread that has ended by itself.
+    if (WaitForSingleObject(native(thread), 0) == WAIT_OBJECT_0) return false;
     return TerminateThread(native(thread), exitCode) != FALSE;
   }
   void closeHandle(ThreadHandle thread) override { CloseHandle(native(thread)); }

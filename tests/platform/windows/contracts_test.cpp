@@ -157,27 +157,36 @@ class WindowsLibrariesHost {
 class WindowOwner {
  public:
   WindowOwner(const std::string& title, bool visible) {
-    std::promise<HWND> made;
-    auto window = made.get_future();
-    loop_ = std::thread([&made, title, visible] {
-      const auto name = platform::windows::toWide(title);
-      made.set_value(CreateWindowExW(0, L"STATIC", name.c_str(),
-                                     WS_OVERLAPPEDWINDOW | (visible ? WS_VISIBLE : 0U), 0, 0, 200, 100,
-                                     nullptr, nullptr, nullptr, nullptr));
+    std::promise<bool> made;
+    auto isMade = made.get_future();
+    loop_ = std::thread([&, title, visible] {
+      threadId_ = GetCurrentThreadId();
+      made.set_value(makeWindow(platform::windows::toWide(title), visible));
       MSG message{};
       while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
     });
-    window_ = window.get();
+    EXPECT_TRUE(isMade.get()) << "no window";
   }
   ~WindowOwner() {
-    PostThreadMessageW(GetWindowThreadProcessId(window_, nullptr), WM_QUIT, 0, 0);
+    PostThreadMessageW(threadId_, WM_QUIT, 0, 0);
     loop_.join();
   }
   WindowOwner(const WindowOwner&) = delete;
   WindowOwner& operator=(const WindowOwner&) = delete;
 
  private:
-  HWND window_ = nullptr;
+  /// The first window of a session may come before its desktop is ready.
+  static bool makeWindow(const std::wstring& title, bool visible) {
+    const DWORD style = WS_OVERLAPPEDWINDOW | (visible ? WS_VISIBLE : 0U);
+    HWND window = nullptr;
+    for (int tries = 0; tries < 3 && window == nullptr; ++tries) {
+      window = CreateWindowExW(0, L"STATIC", title.c_str(), style, 0, 0, 200, 100, nullptr, nullptr, nullptr,
+                               nullptr);
+    }
+    return window != nullptr;
+  }
+
+  DWORD threadId_ = 0;  ///< set before the window is made
   std::thread loop_;
 };
 

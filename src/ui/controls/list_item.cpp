@@ -1,5 +1,7 @@
 #include "ui/controls/list_item.h"
 
+#include <algorithm>
+
 #include "ui/controls/list_view.h"
 
 namespace varnhold::ui {
@@ -29,7 +31,12 @@ const ListItem::Cell* ListItem::cell(int column) const {
 }
 
 ListItem::Cell& ListItem::cellToSet(int column) {
-  if (cell(column) == nullptr) cells_.resize(static_cast<std::size_t>(column));
+  if (cell(column) == nullptr) {
+    // Room for the whole row at once: most rows are filled column by column.
+    const auto columns = static_cast<std::size_t>(std::max(column, rows_.list().ColumnHeaders.Count() - 1));
+    cells_.reserve(columns);
+    cells_.resize(static_cast<std::size_t>(column));
+  }
   return cells_[static_cast<std::size_t>(column) - 1];
 }
 

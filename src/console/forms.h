@@ -3,6 +3,9 @@
 #include "console/frmMain.h"
 #include "console/frmWait.h"
 #include "console/splash.h"
+#include "inventory/frmDetails.h"
+#include "inventory/frmNetAccessSel.h"
+#include "inventory/frmSystemType.h"
 
 namespace varnhold::console {
 
@@ -18,6 +21,9 @@ struct Forms {
   console::frmTKWSplash frmTKWSplash;
   console::frmWait frmWait;
   console::frmMain frmMain;  ///< the program's `gMainForm`
+  inventory::frmNetAccessSel frmNetAccessSel;
+  inventory::frmDetails frmDetails;
+  inventory::frmSystemType frmSystemType;
 };
 
 }  // namespace varnhold::console

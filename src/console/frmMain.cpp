@@ -18,7 +18,7 @@ namespace {
 constexpr int kWidth = 13800, kHeight = 9000, kLeastWidth = 3000;
 constexpr double kFirstSplitterPosition = 3600, kSplitterMargin = 500;
 
-constexpr std::uint32_t kBackgroundPollMs = 1000;
+constexpr std::uint32_t kBackgroundPollMs = 1000, kDesktopPollMs = 250, kEnumerationHeadStartMs = 400;
 
 const char* titleIcon(const std::string& appTitle) {
   return appTitle == core::kChangesTitle ? icons::kAppTessmark : icons::kAppVarnhold;
@@ -75,6 +75,8 @@ void frmMain::designLists() {
   lvListView.ColumnHeaders.Add("Port").Width = 0;  // it keeps its width when the list grows
   picSplitter.Visible = false;
   tmrAddDomains.Interval = tmrAddSubnet.Interval = kBackgroundPollMs;
+  tmrDesktop.Interval = kDesktopPollMs;
+  tmrDesktop.Tick = [this] { program_.host.desktop.answerRequests(); };
   tmrAddDomains.Enabled = tmrAddSubnet.Enabled = false;
   adopt({{"lblTitle", lblTitle(0)},
          {"lblTitle", lblTitle(1)},
@@ -86,7 +88,8 @@ void frmMain::designLists() {
          {"imlIcons", imlIcons},
          {"tmrPing", tmrPing},
          {"tmrAddDomains", tmrAddDomains},
-         {"tmrAddSubnet", tmrAddSubnet}});
+         {"tmrAddSubnet", tmrAddSubnet},
+         {"tmrDesktop", tmrDesktop}});
 }
 
 void frmMain::Form_Load() {
@@ -106,15 +109,22 @@ void frmMain::Form_Activate() {
   screen().MousePointer = ui::Pointer::Hourglass;
   if (FirstActivation) activateFirst();
   sbStatusBar.Panels(1).Text = kDisplaying;
+  showMode();
   sbStatusBar.Panels(3).Text = systemCount();
   screen().MousePointer = ui::Pointer::Default;
+}
+
+void frmMain::showMode() {
+  sbStatusBar.Panels(2).Text = forms_.frmNetAccessSel.AutoDiscover ? "Auto Discover" : "Manual";
 }
 
 void frmMain::activateFirst() {
   Refresh();
   ShowBusy("Gathering Network Information... (Network problems may cause delay.)");
-  startEnumeration();
-  program_.host.clock.sleep(400);
+  if (forms_.frmNetAccessSel.AutoDiscover) {
+    enumerateNetwork();
+    program_.host.clock.sleep(kEnumerationHeadStartMs);
+  }
   ShowFree("Loading...");
   LoadTree();
   if (tvTreeView.Nodes.Count() > 0) {

@@ -65,6 +65,7 @@ class frmMain : public ui::Form {
   ui::StatusBar sbStatusBar{3};
   ui::ImageList imlIcons;  ///< by `icons::ConsoleImage`
   ui::Timer tmrPing, tmrAddDomains, tmrAddSubnet;
+  ui::Timer tmrDesktop;  ///< answers other starts of the program that ask for this window
 
   /// The text of the tree's node whose computers the list shows: "Groups" for the root; empty where the next
   /// click is to load anew, whichever node it meets.
@@ -144,12 +145,14 @@ class frmMain : public ui::Form {
   void addRows(store::Recordset& rows);
   [[nodiscard]] std::string titleOfGroup(const std::string& groupName);
   void openRoot();
-  void ensureEnumerationRuns();
-  void startEnumeration();
+  [[nodiscard]] bool isEnumerating() const;
+  void enumerateNetwork();
   [[nodiscard]] std::string systemCount() const;
 
   void lvListView_ColumnClick(const ui::ColumnHeader& column);
   void lvListView_ItemClick(const ui::ListItem& item);
+  void lvListView_DblClick();
+  void lvListView_KeyPress(int key);
 
   void mnuFileExit_Click();
   void mnuView_Click();
@@ -158,6 +161,12 @@ class frmMain : public ui::Form {
   void mnuViewToolbarsManager_Click();
   void mnuViewStatusBar_Click();
   void mnuHelpContents_Click();
+  void mnuOptionsNetAccessMode_Click();
+  void mnuPopUpTreeDetails_Click();
+  void mnuPopUpListDetails_Click();
+  void mnuPopUpModifySystemType_Click();
+  void showDetails(bool ofListItem);
+  void showMode();
   void toggleBar(ui::MenuItem& entry, ui::Control& bar);
   static void applyStartRule(const ui::ListItem* row, ui::MenuItem& start, ui::MenuItem& status);
   void tvTreeView_MouseDown(ui::MouseButton button, ui::TreeNode* node);

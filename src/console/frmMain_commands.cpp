@@ -1,7 +1,9 @@
 // What the console's menus, pop-up menus and tool bars do. An entry that has no handler does nothing.
 #include "base/text.h"
 #include "console/agent_status.h"
+#include "console/forms.h"
 #include "console/frmMain.h"
+#include "console/texts.h"
 #include "core/online_help.h"
 #include "core/program.h"
 #include "ui/controls/screen.h"
@@ -32,6 +34,10 @@ void frmMain::wireCommands() {
                   {mnuViewToolbarsManager, &frmMain::mnuViewToolbarsManager_Click},
                   {mnuViewStatusBar, &frmMain::mnuViewStatusBar_Click},
                   {mnuViewRefresh, &frmMain::mnuViewRefresh_Click},
+                  {mnuOptionsNetAccessMode, &frmMain::mnuOptionsNetAccessMode_Click},
+                  {mnuPopUpTreeDetails, &frmMain::mnuPopUpTreeDetails_Click},
+                  {mnuPopUpListDetails, &frmMain::mnuPopUpListDetails_Click},
+                  {mnuPopUpModifySystemType, &frmMain::mnuPopUpModifySystemType_Click},
                   {mnuHelpContents, &frmMain::mnuHelpContents_Click}};
   for (const auto& command : commands) {
     command.item.Click = [this, handler = command.handler] { (this->*handler)(); };
@@ -130,6 +136,31 @@ void frmMain::mnuAgent_Click() {
 
 void frmMain::mnuHelpContents_Click() {
   core::ShowOnlineHelp(program_.host.processes, screen());
+}
+
+void frmMain::mnuOptionsNetAccessMode_Click() {
+  forms_.frmNetAccessSel.ShowModal(this);
+  ShowBusy("Appling Changes...");  // the product's own spelling
+  if (forms_.frmNetAccessSel.AutoDiscover && !isEnumerating()) enumerateNetwork();
+  showMode();
+  ShowFree(kDisplaying);
+}
+
+void frmMain::showDetails(bool ofListItem) {
+  forms_.frmDetails.ShowDetailsOfListItem = ofListItem;
+  forms_.frmDetails.ShowModal(this);
+}
+
+void frmMain::mnuPopUpTreeDetails_Click() {
+  showDetails(false);
+}
+
+void frmMain::mnuPopUpListDetails_Click() {
+  showDetails(true);
+}
+
+void frmMain::mnuPopUpModifySystemType_Click() {
+  forms_.frmSystemType.ShowModal(this);
 }
 
 void frmMain::Form_KeyDown(int& key, int) {

@@ -1,6 +1,7 @@
 // The tree of groups, what it shows in the list, and how the list is sorted and its rows are opened.
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "console/forms.h"
 #include "console/frmMain.h"
 #include "console/texts.h"
 #include "core/mdCommon.h"
@@ -16,6 +17,8 @@ void frmMain::wireTreeAndList() {
   tvTreeView.Expand = [this](ui::TreeNode& node) { tvTreeView_Expand(node); };
   tvTreeView.Collapse = [this](ui::TreeNode& node) { tvTreeView_Collapse(node); };
   lvListView.ColumnClick = [this](ui::ColumnHeader& column) { lvListView_ColumnClick(column); };
+  lvListView.DblClick = [this] { lvListView_DblClick(); };
+  lvListView.KeyPress = [this](int& key) { lvListView_KeyPress(key); };
   lvListView.ItemClick = [this](ui::ListItem& item) { lvListView_ItemClick(item); };
 }
 
@@ -107,14 +110,14 @@ void frmMain::showEditedGroup(const std::string& name) {
   }
 }
 
-void frmMain::startEnumeration() {
-  program_.host.libraries.qrvNetworkEnum(program_.gEnumThread);
+bool frmMain::isEnumerating() const {
+  std::uint32_t exitCode = 0;
+  return program_.host.threads.getExitCodeThread(program_.gEnumThread, exitCode) &&
+         exitCode == platform::kStillActive;
 }
 
-void frmMain::ensureEnumerationRuns() {
-  std::uint32_t exitCode = 0;
-  const bool isRead = program_.host.threads.getExitCodeThread(program_.gEnumThread, exitCode);
-  if (!isRead || exitCode != platform::kStillActive) startEnumeration();
+void frmMain::enumerateNetwork() {
+  program_.host.libraries.qrvNetworkEnum(program_.gEnumThread);
 }
 
 void frmMain::mnuViewRefresh_Click() {
@@ -122,7 +125,7 @@ void frmMain::mnuViewRefresh_Click() {
   // Without a selected node it stops here and stays busy, deliberately.
   if (!tvTreeView.SelectedItem()) return;
   const std::string selected = tvTreeView.SelectedItem()->Text;
-  ensureEnumerationRuns();
+  if (!isEnumerating() && forms_.frmNetAccessSel.AutoDiscover) enumerateNetwork();
   ShowFree("Reloading...");
   LoadTree();
   if (tvTreeView.Nodes.Count() == 0) {
@@ -147,6 +150,16 @@ void frmMain::lvListView_ColumnClick(const ui::ColumnHeader& column) {
 
 void frmMain::lvListView_ItemClick(const ui::ListItem& item) {
   ClickedItemIndex = item.Index();
+}
+
+void frmMain::lvListView_DblClick() {
+  if (ClickedItemIndex > 0) showDetails(true);
+  ClickedItemIndex = -1;
+}
+
+void frmMain::lvListView_KeyPress(int key) {
+  // Deliberately without a look at the selection: the form opens for no row too.
+  if (key == ui::kKeyReturn) showDetails(true);
 }
 
 }  // namespace varnhold::console

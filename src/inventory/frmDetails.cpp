@@ -81,7 +81,9 @@ void frmDetails::Form_Activate() {
 void frmDetails::showComputer() {
   hide(freGroup);
   const auto item = parts_.lvListView.SelectedItem();
-  lblIPA.Caption = shownAddress(program_.gConn, item->Text);
+  // Enter in a list whose rows nobody has touched shows the form too, of no computer.
+  lblIPA.Caption = shownAddress(program_.gConn, item ? item->Text.get() : "");
+  if (!item) return;
   freInfo.Caption = "System: " + item->Text.get();
   lblSysType.Caption = item->SubItems(1).get();
   txtDes.Text = item->SubItems(2).get();

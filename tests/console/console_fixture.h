@@ -54,6 +54,7 @@ class OpenConsoleTest : public ConsoleTest {
   OpenConsoleTest() {
     program.gConn.Open("qrvdb", "", "");
     program.gLocalName = "MANAGER";
+    forms.frmNetAccessSel.AutoDiscover = true;
   }
 
   void addComputer(const std::string& name, int type = 10, const std::string& description = "",

@@ -206,6 +206,102 @@ TEST_F(CommandsTest, WithoutAWizardItsCommandsDoNothing) {
   EXPECT_THAT(fake.journal, IsEmpty());
 }
 
+class ModeCommandTest : public CommandsTest {
+ protected:
+  /// The operator chooses a mode in the form that the entry shows.
+  void choose(bool automatic) {
+    fake.libraries.netAccessMode = automatic ? 0 : 1;
+    ui.nextModal("frmNetAccessSel", [this, automatic](ui::Form& form) {
+      (automatic ? forms.frmNetAccessSel.optAutomatic : forms.frmNetAccessSel.optManual).userClick();
+      form.Unload();
+    });
+    fake.journal.clear();
+    frmMain.mnuOptionsNetAccessMode.userClick();
+  }
+  Lines enumerations() { return fakes::linesOf(fake.journal, "qrvNetworkEnum"); }
+};
+
+TEST_F(ModeCommandTest, EnumeratesWhereTheModeIsAutomaticAndNoThreadRuns) {
+  StatusWatch watch(frmMain.sbStatusBar, fake.journal);
+  choose(true);
+  EXPECT_THAT(fakes::linesOf(fake.journal, "Status"),
+              ElementsAre("Status Appling Changes...", "Status Displaying Windows Systems"));
+  EXPECT_THAT(enumerations(), ElementsAre("qrvNetworkEnum -> 8"));
+  EXPECT_EQ(program.gEnumThread, 8u);
+  EXPECT_EQ(panel(2), "Auto Discover");
+  EXPECT_FALSE(isBusy());
+}
+
+TEST_F(ModeCommandTest, LeavesARunningEnumerationAlone) {
+  program.gEnumThread = fake.threads.start(1000, 3);
+  choose(true);
+  EXPECT_THAT(enumerations(), IsEmpty());
+}
+
+TEST_F(ModeCommandTest, OnlySaysSoWhereTheModeIsManual) {
+  program.gEnumThread = 0;
+  choose(false);
+  EXPECT_THAT(enumerations(), IsEmpty());
+  EXPECT_EQ(panel(2), "Manual");
+  EXPECT_THAT(fakes::linesOf(fake.journal, "GetExitCodeThread"), IsEmpty());
+}
+
+TEST_F(ModeCommandTest, RefreshEnumeratesNothingInManualMode) {
+  choose(false);
+  frmMain.mnuViewRefresh.userClick();
+  EXPECT_THAT(enumerations(), IsEmpty());
+}
+
+class DetailsTest : public CommandsTest {
+ protected:
+  /// Details are shown next, of a row of the list or of a group.
+  void expectDetails(bool ofListItem) {
+    ui.nextModal("frmDetails", [this, ofListItem](ui::Form& form) {
+      EXPECT_EQ(forms.frmDetails.ShowDetailsOfListItem, ofListItem);
+      ++shown;
+      form.Unload();
+    });
+  }
+  int shown = 0;
+};
+
+TEST_F(DetailsTest, ADoubleClickShowsTheRow) {
+  expectDetails(true);
+  frmMain.lvListView.userDblClick(2);
+  EXPECT_EQ(shown, 1);
+}
+
+TEST_F(DetailsTest, ADoubleClickWithoutAClickBeforeItShowsNothing) {
+  expectDetails(true);
+  frmMain.lvListView.userDblClick(2);
+  frmMain.lvListView.DblClick.raise();
+  EXPECT_EQ(shown, 1);
+}
+
+TEST_F(DetailsTest, EnterShowsThemWithNoRowSelectedToo) {
+  frmMain.lvListView.SetSelectedItem(nullptr);
+  expectDetails(true);
+  frmMain.lvListView.userKeyPress(ui::kKeyReturn);
+  frmMain.lvListView.userKeyPress('x');
+  EXPECT_EQ(shown, 1);
+}
+
+TEST_F(DetailsTest, ThePopUpsShowTheRowAndTheGroup) {
+  expectDetails(true);
+  ui.nextPopUp("mnuPopUpListDetails");
+  rightPress("HIGH");
+  expectDetails(false);
+  ui.nextPopUp("mnuPopUpTreeDetails");
+  frmMain.tvTreeView.userMouseDown(ui::MouseButton::Right, 2);
+  EXPECT_EQ(shown, 2);
+}
+
+TEST_F(CommandsTest, ModifyingTheTypeShowsItsForm) {
+  rightPress("HIGH");
+  ui.nextModal("frmSystemType", [](ui::Form& form) { form.Unload(); });
+  frmMain.mnuPopUpModifySystemType.Click.raise();
+}
+
 TEST_F(CommandsTest, ACreatedGroupIsSelected) {
   frmMain.CurrentNodeText = "";
   addGroup("New", {"BOTH"});

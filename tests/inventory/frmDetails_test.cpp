@@ -51,6 +51,16 @@ TEST_F(ComputerDetailsTest, ShowTheSelectedComputer) {
   EXPECT_THAT(fake.journal, ElementsAre("Show modal frmDetails", kLook, "Close frmDetails"));
 }
 
+TEST_F(ComputerDetailsTest, ShowNoComputerWhereNoRowHasTheFocus) {
+  console.lvListView.SetSelectedItem(nullptr);
+  show([&] {
+    EXPECT_EQ(form.lblIPA.Caption, "-error retrieving data-");
+    EXPECT_EQ(form.txtDes.Text, "");
+    form.cmdOK.userClick();
+  });
+  EXPECT_FALSE(form.isLoaded());
+}
+
 TEST_F(ComputerDetailsTest, ShowThatANameDoesNotResolveOrIsNotThere) {
   for (const char* address : {"''", "NULL"}) {
     inventory.execute("UPDATE System_Table SET IP_Address = " + std::string(address));

@@ -14,6 +14,8 @@ class Ui {
 
   /// A modal box with an OK button.
   virtual void messageBox(const std::string& text, MessageIcon icon) = 0;
+  /// The same in front of every other program, where the host has such boxes.
+  virtual void systemModalBox(const std::string& text, MessageIcon icon) { messageBox(text, icon); }
 };
 
 }  // namespace varnhold::platform

@@ -1,19 +1,14 @@
 #include "startup/mdMain.h"
 
 #include "base/runtime_error.h"
-#include "base/text.h"
-#include "core/mdCommon.h"
+#include "core/registry_values.h"
 #include "startup/command_line_installer.h"
-#include "store/data_source.h"
+#include "startup/surroundings.h"
 
 namespace varnhold::startup {
 namespace {
 
 constexpr int kDone = 0, kFailed = 1;
-
-bool readMachineValue(core::Program& program, const char* key, const char* name, std::string& value) {
-  return core::RegReadValue(program.host.registry, platform::RegistryHive::LocalMachine, key, name, value);
-}
 
 bool enterProgramFolder(core::Program& program) {
   program.gAppPath = program.host.environment.programFolder();
@@ -27,20 +22,16 @@ void readDatabaseFolder(core::Program& program) {
   }
 }
 
-void readInstallPath(core::Program& program) {
-  std::string installPath;
-  if (!readMachineValue(program, core::kManagerKey, "INSTALLPATH", installPath)) return;
-  program.gEventsConsole = "\"" + installPath + "\\VHConsole.exe\"";
-  program.gInstallerDir = installPath + "\\RemoteInstaller";
-}
-
-void readLocalName(core::Program& program) {
-  const auto filled = program.host.environment.getComputerName();
-  program.gLocalName = filled ? TrimAtNull(*filled) : "LocalHost";
+void leaveToPreviousInstance(core::Program& program) {
+  if (SwitchToPreviousInstance(program)) return;
+  program.host.ui.messageBox(
+      "You are already running an instance of 'Quorvane Management Console'. Please switch to it manually "
+      "as error was encountered while trying to switch to the previous instance.",
+      platform::MessageIcon::Exclamation);
 }
 
 void runCommandLineMode(core::Program& program) {
-  program.gConn.Open(std::string(store::kDataSourceName), "", "", -1);
+  openInventory(program);
   readInstallPath(program);
   readLocalName(program);
   RunCommandLine(program);
@@ -49,10 +40,15 @@ void runCommandLineMode(core::Program& program) {
 }  // namespace
 
 int Main(core::Program& program, const ConsoleMode& console) {
+  program.gClosing = false;
   const auto commandLine = program.host.environment.commandLine();
+  if (commandLine.empty() && program.host.desktop.isPreviousInstanceRunning(program.AppTitle)) {
+    leaveToPreviousInstance(program);
+    return kDone;
+  }
   if (!enterProgramFolder(program)) {
-    program.host.ui.messageBox("Could not set the working directory. Aborting...",
-                               platform::MessageIcon::Critical);
+    program.host.ui.systemModalBox("Could not set the working directory. Aborting...",
+                                   platform::MessageIcon::Critical);
     return kFailed;
   }
   readDatabaseFolder(program);
@@ -70,6 +66,16 @@ int runProcess(core::Program& program, const ConsoleMode& console) {
         platform::MessageIcon::Critical);
     return kFailed;
   }
+}
+
+bool SwitchToPreviousInstance(core::Program& program) {
+  auto& desktop = program.host.desktop;
+  // The blank tells the console's window from others that bear the bare title.
+  const auto window = desktop.findWindow(program.AppTitle + " ");
+  if (window == 0) return false;
+  if (!desktop.setForegroundWindow(window)) return false;
+  // A window that was not visible before counts as a failure too.
+  return desktop.showWindow(window, platform::ShowState::Maximised);
 }
 
 }  // namespace varnhold::startup

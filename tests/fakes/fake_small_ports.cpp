@@ -29,9 +29,17 @@ int FakeProcesses::shellExecute(const std::string& verb, const std::string& file
   return told;
 }
 
-void FakeUi::messageBox(const std::string& text, platform::MessageIcon icon) {
+void FakeUi::tell(const char* manner, const std::string& text, platform::MessageIcon icon) {
   constexpr const char* kNames[] = {"information", "exclamation", "critical"};
-  journal_.push_back(std::string("MessageBox ") + kNames[static_cast<int>(icon)] + ": " + text);
+  journal_.push_back(std::string("MessageBox ") + kNames[static_cast<int>(icon)] + manner + ": " + text);
+}
+
+void FakeUi::messageBox(const std::string& text, platform::MessageIcon icon) {
+  tell("", text, icon);
+}
+
+void FakeUi::systemModalBox(const std::string& text, platform::MessageIcon icon) {
+  tell(" system modal", text, icon);
 }
 
 }  // namespace varnhold::fakes

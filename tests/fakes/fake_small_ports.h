@@ -65,14 +65,17 @@ class FakeProcesses : public platform::Processes {
   Journal& journal_;
 };
 
-/// Journal line: `MessageBox critical: <text>`.
+/// Journal line: `MessageBox critical: <text>`, or `MessageBox critical system modal: <text>`.
 class FakeUi : public platform::Ui {
  public:
   explicit FakeUi(Journal& journal) : journal_(journal) {}
 
   void messageBox(const std::string& text, platform::MessageIcon icon) override;
+  void systemModalBox(const std::string& text, platform::MessageIcon icon) override;
 
  private:
+  void tell(const char* manner, const std::string& text, platform::MessageIcon icon);
+
   Journal& journal_;
 };
 

@@ -31,7 +31,8 @@ TEST_F(MainTest, RunsTheConsoleOnAnEmptyCommandLine) {
   EXPECT_EQ(main(), 42);
   EXPECT_THAT(
       fake.journal,
-      ElementsAre(R"(SetCurrentDirectory C:\VARNHOLD -> yes)",
+      ElementsAre("PreviousInstance Varnhold - System Manager -> no",
+                  R"(SetCurrentDirectory C:\VARNHOLD -> yes)",
                   R"(RegQueryValueEx SOFTWARE\Kelmont Works\Quorvane\DBPath -> KeyMissing)", "console"));
   EXPECT_FALSE(program.gConn.isOpen());
 }
@@ -42,10 +43,65 @@ TEST_F(MainTest, EndsWithAMessageWhenTheWorkingDirectoryCannotBeSet) {
     fake.journal.clear();
     fake.environment.arguments = arguments;
     EXPECT_EQ(main(), 1);
-    EXPECT_THAT(fake.journal,
+    EXPECT_THAT(fakes::linesWithout(fake.journal, {"PreviousInstance"}),
                 ElementsAre(R"(SetCurrentDirectory C:\VARNHOLD -> no)",
-                            "MessageBox critical: Could not set the working directory. Aborting..."));
+                            "MessageBox critical system modal: Could not set the working directory. "
+                            "Aborting..."));
   }
+}
+
+TEST_F(MainTest, ClearsTheMarkOfAClosingConsole) {
+  program.gClosing = true;
+  main();
+  EXPECT_FALSE(program.gClosing);
+}
+
+/// Another console runs.
+class SecondInstanceTest : public MainTest {
+ protected:
+  SecondInstanceTest() { fake.desktop.otherInstances.insert("Varnhold - System Manager"); }
+
+  static constexpr const char* kMessage =
+      "MessageBox exclamation: You are already running an instance of 'Quorvane Management Console'. Please "
+      "switch to it manually as error was encountered while trying to switch to the previous instance.";
+};
+
+TEST_F(SecondInstanceTest, BringsTheFirstToTheFrontMaximisedAndEndsSilently) {
+  fake.desktop.windows["Varnhold - System Manager "] = {};
+  EXPECT_EQ(main(), 0);
+  EXPECT_THAT(fake.journal, ElementsAre("PreviousInstance Varnhold - System Manager -> yes",
+                                        "FindWindow Varnhold - System Manager  -> 5",
+                                        "SetForegroundWindow 5 -> yes", "ShowWindow 5 3 -> yes"));
+}
+
+TEST_F(SecondInstanceTest, LooksForTheTitleWithItsBlank) {
+  fake.desktop.windows["Varnhold - System Manager"] = {};
+  EXPECT_EQ(main(), 0);
+  EXPECT_THAT(fake.journal, ElementsAre("PreviousInstance Varnhold - System Manager -> yes",
+                                        "FindWindow Varnhold - System Manager  -> 0", kMessage));
+}
+
+TEST_F(SecondInstanceTest, SaysSoWhereTheFirstDoesNotComeToTheFront) {
+  fake.desktop.windows["Varnhold - System Manager "] = {.visible = true, .takesForeground = false};
+  EXPECT_EQ(main(), 0);
+  EXPECT_THAT(fake.journal, ElementsAre("PreviousInstance Varnhold - System Manager -> yes",
+                                        "FindWindow Varnhold - System Manager  -> 5",
+                                        "SetForegroundWindow 5 -> no", kMessage));
+}
+
+TEST_F(SecondInstanceTest, CountsAFirstThatWasNotVisibleAsAFailure) {
+  fake.desktop.windows["Varnhold - System Manager "] = {.visible = false, .takesForeground = true};
+  EXPECT_EQ(main(), 0);
+  EXPECT_EQ(fake.journal.back(), kMessage);
+}
+
+TEST_F(SecondInstanceTest, IsNotAskedForACommandLineEvenABlankOne) {
+  fake.environment.acceptsDirectory = false;
+  for (const char* arguments : {" ", "-I -N:HOST1"}) {
+    fake.environment.arguments = arguments;
+    main();
+  }
+  EXPECT_THAT(fakes::linesOf(fake.journal, "PreviousInstance"), ElementsAre());
 }
 
 TEST_F(MainTest, TakesTheProgramsFolderForAMissingDatabaseFolder) {

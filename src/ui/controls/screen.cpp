@@ -35,6 +35,10 @@ void Screen::messageBox(const std::string& text, platform::MessageIcon icon) {
   MsgBox({.text = text, .icon = boxIcon(icon)});
 }
 
+void Screen::systemModalBox(const std::string& text, platform::MessageIcon icon) {
+  MsgBox({.text = text, .icon = boxIcon(icon), .systemModal = true});
+}
+
 std::string Screen::InputBox(const std::string& prompt) {
   stopIfEnded();
   auto answer = toolkit_.inputBox(prompt, appTitle_, ActiveForm());

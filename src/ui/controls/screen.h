@@ -28,6 +28,7 @@ class Screen : public platform::Ui, public Component {
   Answer MsgBox(MessageBox box);
   /// A box with an OK button.
   void messageBox(const std::string& text, platform::MessageIcon icon) override;
+  void systemModalBox(const std::string& text, platform::MessageIcon icon) override;
   /// Asks for a line of text; empty where the user cancels.
   [[nodiscard]] std::string InputBox(const std::string& prompt);
   /// Asks for a file. True when the user chose one, whose path then stands in `FileName`; else `dialog`

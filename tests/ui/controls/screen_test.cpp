@@ -36,7 +36,7 @@ TEST_F(ScreenTest, ShowsMessageBoxesWithTheApplicationTitle) {
   ui.screen.MsgBox({.text = "There are no groups that can be edited."});
   ui.screen.MsgBox(
       {.text = "Could not start Notepad.exe.", .icon = BoxIcon::Critical, .title = "Traffic Analyzer"});
-  ui.screen.MsgBox({.text = "Aborting...", .icon = BoxIcon::Critical, .systemModal = true});
+  ui.screen.systemModalBox("Aborting...", platform::MessageIcon::Critical);
   EXPECT_THAT(journal, ElementsAre("MessageBox exclamation: Could not retrieve members.",
                                    "MessageBox critical: Broken.",
                                    "MessageBox plain: There are no groups that can be edited.",

@@ -91,6 +91,13 @@ TEST_F(CommandsTest, HelpAndF1OpenTheSamePage) {
   EXPECT_EQ(fake.journal[0], fake.journal[1]);
 }
 
+TEST_F(CommandsTest, F1OpensTheHelpWhereItsEntryDoesNotAnswerToo) {
+  frmMain.mnuHelp.Enabled = false;
+  frmMain.userKeyDown(ui::kKeyF1);
+  frmMain.userKeyDown('A');
+  EXPECT_THAT(fake.journal, ElementsAre(testing::StartsWith("ShellExecute open https://")));
+}
+
 TEST_F(CommandsTest, TheMenusOfferStartAndStatusForTheFocusedRow) {
   const auto choose = [&](const std::string& name) { frmMain.lvListView.userClick(rowOf(name)); };
   for (auto* menu : {&frmMain.mnuAgent, &frmMain.mnuView}) {

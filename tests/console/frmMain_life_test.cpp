@@ -25,6 +25,30 @@ TEST_F(LifeTest, LoadsWithABlankBehindItsTitleAndIsNotSeenYet) {
   EXPECT_THAT(fake.journal, IsEmpty());
 }
 
+/// The same program under the other product's title.
+class ChangesTitleTest : public ConsoleTest {
+ protected:
+  ChangesTitleTest() : ConsoleTest(core::kChangesTitle) {}
+};
+
+TEST_F(LifeTest, BearsTheIconOfItsTitle) {
+  EXPECT_EQ(frmMain.Icon, "app-varnhold");
+}
+
+TEST_F(ChangesTitleTest, BearsTheIconOfItsTitle) {
+  frmMain.Load();
+  EXPECT_EQ(frmMain.Icon, "app-tessmark");
+  EXPECT_EQ(frmMain.Caption, "Tessmark? Agent Manager ");
+}
+
+TEST_F(ChangesTitleTest, SplashesTellTheTitle) {
+  for (const auto* splash :
+       {static_cast<SplashForm*>(&forms.frmSplash), static_cast<SplashForm*>(&forms.frmTKWSplash)}) {
+    EXPECT_EQ(splash->lblProduct.Caption, "Tessmark? Agent Manager") << splash->Name();
+    EXPECT_EQ(splash->BorderStyle, ui::BorderStyle::None) << splash->Name();
+  }
+}
+
 TEST_F(LifeTest, FillsTreeAndListWhenItIsFirstActivated) {
   addComputer("HOST1");
   addGroup("Servers", {"HOST1"});

@@ -267,6 +267,9 @@ TEST_F(ConsoleModeTest, ShowsADataSourceThatCannotBeOpenedAndEnds) {
   EXPECT_EQ(run(), 1);
   EXPECT_THAT(fakes::linesOf(fake.journal, "MessageBox"),
               ElementsAre(StartsWith("MessageBox critical: Run-time error '-2147467259':")));
+  // It is opened behind the library's own connection and before the products are looked for.
+  EXPECT_THAT(fake.journal, Contains("qrvInitDbConnection"));
+  EXPECT_THAT(fake.journal, Not(Contains(HasSubstr("INSTALLPATH"))));
   EXPECT_THAT(fake.journal, Not(Contains("Show frmMain")));
 }
 

@@ -74,6 +74,10 @@ void ListViewBinding::lookLater() {
 }
 
 void ListViewBinding::look(const ui::ListView& list) {
+  if (readPending_) {
+    lookLater();  // what the user has done comes first, lest it be taken back unheard
+    return;
+  }
   lookAtColumns(list);
   lookAtRows(list);
   lookAtSelection(list);

@@ -5,3 +5,6 @@
 #include <wx/evtloop.h>
 #include <wx/weakref.h>
 #include <wx/wx.h>
+
+// On Windows this names a function; here it is a type of `ui`.
+#undef MessageBox

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <filesystem>
 #include <thread>
 
@@ -38,6 +39,12 @@ class PosixDesktop : public ::testing::Test {
     while (!std::filesystem::exists(ready)) std::this_thread::sleep_for(milliseconds(2));
     return child;
   }
+  /// The event loop of a window's owner.
+  static std::jthread answerEverything(Desktop& owner) {
+    return std::jthread([&owner](const std::stop_token& stop) {
+      for (; !stop.stop_requested(); std::this_thread::sleep_for(milliseconds(2))) owner.answerRequests();
+    });
+  }
   static void kill(pid_t child) {
     ::kill(child, SIGKILL);
     static_cast<void>(waitForChild(child));
@@ -54,13 +61,13 @@ TEST_F(PosixDesktop, TellsTheOwnerWhatIsAskedOfItsWindow) {
     asked.push_back(state);
     return true;
   });
-  const std::jthread loop([&](const std::stop_token& stop) {
-    for (; !stop.stop_requested(); std::this_thread::sleep_for(milliseconds(2))) owner->answerRequests();
-  });
-  const auto patient = makeDesktop(home_.path());
-  const auto window = patient->findWindow(kTitle);
-  EXPECT_TRUE(patient->setForegroundWindow(window));
-  EXPECT_TRUE(patient->showWindow(window, ShowState::Maximised));
+  {
+    const auto loop = answerEverything(*owner);
+    const auto patient = makeDesktop(home_.path());
+    const auto window = patient->findWindow(kTitle);
+    EXPECT_TRUE(patient->setForegroundWindow(window));
+    EXPECT_TRUE(patient->showWindow(window, ShowState::Maximised));
+  }
   EXPECT_EQ(asked, (std::vector<std::optional<ShowState>>{std::nullopt, ShowState::Maximised}));
 }
 
@@ -123,11 +130,9 @@ TEST_F(PosixDesktop, TakesItsFilesAwayWithTheWindowButNotThoseOfAnother) {
 
 TEST_F(PosixDesktop, AnswersNoByteThatIsNoRequest) {
   const auto owner = makeDesktop(home_.path());
-  int calls = 0;
+  std::atomic<int> calls = 0;
   owner->announceWindow(kTitle, [&](auto) { return ++calls > 0; });
-  const std::jthread loop([&](const std::stop_token& stop) {
-    for (; !stop.stop_requested(); std::this_thread::sleep_for(milliseconds(2))) owner->answerRequests();
-  });
+  const auto loop = answerEverything(*owner);
   const WindowSocketClient client(home_.path(), milliseconds(2'000));
   for (const char byte : {'2', 'x', '\0', '\xFF'}) EXPECT_EQ(client.ask(kTitle, byte), std::nullopt);
   EXPECT_EQ(calls, 0);
@@ -141,9 +146,7 @@ TEST_F(PosixDesktop, MayWithdrawTheWindowInsideARequest) {
     owner->answerRequests();
     return true;
   });
-  const std::jthread loop([&](const std::stop_token& stop) {
-    for (; !stop.stop_requested(); std::this_thread::sleep_for(milliseconds(2))) owner->answerRequests();
-  });
+  const auto loop = answerEverything(*owner);
   EXPECT_EQ(WindowSocketClient(home_.path(), milliseconds(2'000)).ask(kTitle, 'F'), 'V');
 }
 

@@ -49,7 +49,7 @@ void limitWaiting(const OwnedDescriptor& socket, std::chrono::milliseconds patie
 std::string fileNameOf(const std::string& title) {
   // FNV-1a
   std::uint64_t hash = 0xCBF29CE484222325;
-  for (const unsigned char c : title) hash = (hash ^ c) * 0x100000001B3;
+  for (const char c : title) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
   char name[17] = {};
   std::snprintf(name, sizeof name, "%016llx", static_cast<unsigned long long>(hash));
   return name;

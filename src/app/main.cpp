@@ -1,26 +1,41 @@
 #include <exception>
 #include <iostream>
 
+#include "console/forms.h"
 #include "core/program.h"
 #include "platform/host_adapters.h"
+#include "startup/console_mode.h"
 #include "startup/mdMain.h"
+#include "ui/controls/screen.h"
+#include "ui/wx/views.h"
+#include "ui/wx/wx_toolkit.h"
 
 namespace {
 
 using namespace varnhold;
 
-core::Host hostOf(platform::HostAdapters& adapters) {
-  return {adapters.registry(),  adapters.services(),     adapters.eventLog(), adapters.files(),
-          adapters.processes(), adapters.threads(),      adapters.clock(),    adapters.environment(),
-          adapters.libraries(), adapters.unattendedUi(), adapters.desktop()};
+core::Host hostOf(platform::HostAdapters& adapters, platform::Ui& ui) {
+  return {adapters.registry(),  adapters.services(),
+          adapters.eventLog(),  adapters.files(),
+          adapters.processes(), adapters.threads(),
+          adapters.clock(),     adapters.environment(),
+          adapters.libraries(), ui,
+          adapters.desktop()};
 }
 
-int noConsoleYet(core::Program& program) {
-  program.host.ui.messageBox(
-      "This build has no console yet. Use the command line: AgentInstaller.exe -I/-U "
-      "-N:<System>/-F:<FileName> [-P:<Install Path>]",
-      platform::MessageIcon::Critical);
-  return 1;
+/// The console, on a screen.
+int runWithConsole(platform::HostAdapters& adapters) {
+  ui::wx::WxToolkit toolkit(ui::wx::allViews());
+  ui::Screen screen(toolkit, VARNHOLD_APP_TITLE);
+  core::Program program(hostOf(adapters, screen), VARNHOLD_APP_TITLE);
+  console::Forms forms(program, screen);
+  return startup::runConsoleProcess(program, screen, forms);
+}
+
+/// The command-line installer: no toolkit is started, so that it runs where there is no screen.
+int runCommandLine(platform::HostAdapters& adapters) {
+  core::Program program(hostOf(adapters, adapters.unattendedUi()), VARNHOLD_APP_TITLE);
+  return startup::runProcess(program, {});
 }
 
 }  // namespace
@@ -28,8 +43,8 @@ int noConsoleYet(core::Program& program) {
 int main(int argc, char** argv) {
   try {
     const auto adapters = platform::makeHostAdapters({argc, argv, {}});
-    core::Program program(hostOf(*adapters), VARNHOLD_APP_TITLE);
-    return startup::runProcess(program, noConsoleYet);
+    const bool isConsole = adapters->environment().commandLine().empty();
+    return isConsole ? runWithConsole(*adapters) : runCommandLine(*adapters);
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return 1;

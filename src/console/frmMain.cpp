@@ -69,9 +69,11 @@ void frmMain::designLists() {
   tvTreeView.ImageList = &imlIcons;
   lvListView.SmallIcons = &imlIcons;
   lvListView.MultiSelect = true;
-  for (const char* column : {"Computer", "Type", "Description", "System Status"}) {
-    lvListView.ColumnHeaders.Add(column);
-  }
+  // Type and status have the longest texts.
+  lvListView.ColumnHeaders.Add("Computer").Width = 1.0;
+  lvListView.ColumnHeaders.Add("Type").Width = 1.5;
+  lvListView.ColumnHeaders.Add("Description").Width = 1.0;
+  lvListView.ColumnHeaders.Add("System Status").Width = 1.5;
   lvListView.ColumnHeaders.Add("Port").Width = 0;  // it keeps its width when the list grows
   picSplitter.Visible = false;
   tmrAddDomains.Interval = tmrAddSubnet.Interval = kBackgroundPollMs;

@@ -8,6 +8,7 @@ namespace varnhold::ui::wx {
 namespace {
 
 constexpr int kFirstId = wxID_HIGHEST + 1;  // of the button with the index 1
+const wxSize kGapSize(8, 8);                // at 100 %, in pixels
 
 class ToolBarView : public BoundView<ControlView, ui::ToolBar, wxToolBar> {
  public:
@@ -50,7 +51,9 @@ class ToolBarView : public BoundView<ControlView, ui::ToolBar, wxToolBar> {
       const auto& button = bar.Buttons(i);
       if (!button.Visible) continue;
       if (button.isGap()) {
-        widget().AddSeparator();
+        // A separator would draw a line.
+        widget().AddControl(
+            new wxStaticText(&widget(), wxID_ANY, wxString(), wxDefaultPosition, widget().FromDIP(kGapSize)));
       } else {
         widget().AddTool(idOf(i), shown(button.Caption), icon(button.Picture), shown(button.ToolTipText));
       }

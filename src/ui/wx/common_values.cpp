@@ -53,9 +53,15 @@ void setBackColour(wxWindow& widget, const wxColour& colour) {
   if (differs && widget.SetBackgroundColour(colour)) widget.Refresh();
 }
 
-void layOut(wxWindow& top) {
+void layOut(wxWindow& top, bool refit) {
+  auto* sizer = top.GetSizer();
+  if (sizer == nullptr) return;
+  if (refit && !top.HasFlag(wxRESIZE_BORDER)) {
+    sizer->SetSizeHints(&top);
+    return;
+  }
   auto size = top.GetSize();
-  if (top.GetSizer() != nullptr) size.IncTo(top.GetSizer()->ComputeFittingWindowSize(&top));
+  size.IncTo(sizer->ComputeFittingWindowSize(&top));
   if (size != top.GetSize()) {
     top.SetSize(size);
   } else {
@@ -69,7 +75,7 @@ void syncCommonValues(wxWindow& widget, const Control& control) {
   if (widget.IsThisEnabled() != control.Enabled.get()) widget.Enable(control.Enabled);
   if (widget.IsShown() != control.Visible.get()) {
     widget.Show(control.Visible);
-    layoutSoon(widget);
+    layoutSoon(widget, true);
   }
   const auto tip = shown(control.ToolTipText);
   if (widget.GetToolTipText() != tip) widget.SetToolTip(tip);
@@ -83,11 +89,12 @@ void showCaption(wxWindow& widget, const std::string& caption) {
   layoutSoon(widget);
 }
 
-void layoutSoon(wxWindow& widget) {
+void layoutSoon(wxWindow& widget, bool refit) {
   auto* top = wxGetTopLevelParent(&widget);
   if (top == nullptr) return;
-  soon([weak = wxWeakRef<wxWindow>(top)] {
-    if (weak) layOut(*weak);
+  widget.InvalidateBestSize();
+  soon([weak = wxWeakRef<wxWindow>(top), refit] {
+    if (weak) layOut(*weak, refit);
   });
 }
 

@@ -17,8 +17,9 @@ void syncCommonValues(wxWindow& widget, const Control& control);
 void showCaption(wxWindow& widget, const std::string& caption);
 
 /// Lays out the widget's form anew, once, on the next turn of the event loop: a widget came, went, or needs
-/// another size. The form grows where it has become too small.
-void layoutSoon(wxWindow& widget);
+/// another size. The form grows where it has become too small. `refit`: a form that the user can't size also
+/// shrinks to what it then needs.
+void layoutSoon(wxWindow& widget, bool refit = false);
 
 /// Gives the view to the widget that it stands for: it goes when the widget goes.
 void keepView(wxWindow& widget, Control& control, std::unique_ptr<ControlView> view);

@@ -4,6 +4,7 @@ class wxWindow;
 
 namespace varnhold::console {
 class SplashForm;
+class frmMain;
 class frmWait;
 }  // namespace varnhold::console
 
@@ -17,6 +18,7 @@ class frmSystemType;
 namespace varnhold::ui::wx {
 
 void layOutDetails(wxWindow& inside, inventory::frmDetails& form);
+void layOutMain(wxWindow& inside, console::frmMain& form);
 void layOutNetAccessSel(wxWindow& inside, inventory::frmNetAccessSel& form);
 void layOutSplash(wxWindow& inside, console::SplashForm& form);
 void layOutSystemType(wxWindow& inside, inventory::frmSystemType& form);

@@ -1,5 +1,6 @@
 #include "ui/wx/views.h"
 
+#include "console/frmMain.h"
 #include "console/frmWait.h"
 #include "console/splash.h"
 #include "inventory/frmDetails.h"
@@ -11,9 +12,13 @@ namespace varnhold::ui::wx {
 
 Views allViews() {
   return {
-      {"frmDetails", viewOf(layOutDetails)},  {"frmNetAccessSel", viewOf(layOutNetAccessSel)},
-      {"frmSplash", viewOf(layOutSplash)},    {"frmSystemType", viewOf(layOutSystemType)},
-      {"frmTKWSplash", viewOf(layOutSplash)}, {"frmWait", viewOf(layOutWait)},
+      {"frmDetails", viewOf(layOutDetails)},
+      {"frmMain", viewOf(layOutMain)},
+      {"frmNetAccessSel", viewOf(layOutNetAccessSel)},
+      {"frmSplash", viewOf(layOutSplash)},
+      {"frmSystemType", viewOf(layOutSystemType)},
+      {"frmTKWSplash", viewOf(layOutSplash)},
+      {"frmWait", viewOf(layOutWait)},
   };
 }
 

@@ -1,8 +1,5 @@
 // The views of the program's forms: every control is there, and nothing is cut off.
 #include "console/forms.h"
-#include "inventory/frmDetails.h"
-#include "inventory/frmNetAccessSel.h"
-#include "inventory/frmSystemType.h"
 #include "tests/fakes/fake_host.h"
 #include "tests/ui/wx/stage.h"
 #include "ui/wx/common_values.h"
@@ -65,11 +62,6 @@ class FormViews : public WxTest {
     expectNothingIsCutOff(window);
   }
 
-  inventory::ConsoleParts parts() {
-    auto& main = forms.frmMain;
-    return {main, main.lvListView, main.tvTreeView, main.imlIcons};
-  }
-
   fakes::FakeHost fake;
   core::Program program{fake.host(), core::kManagerTitle};
   console::Forms forms{program, screen};
@@ -79,6 +71,22 @@ class FormViews : public WxTest {
 };
 
 const std::string kLongName = "A-COMPUTER-WITH-A-LONG-NAME.of-a-long-domain.example.internal";
+
+TEST_F(FormViews, TheConsole) {
+  forms.frmMain.tbClientManager.Visible = true;
+  forms.frmMain.lblTitle(1).Caption = " " + kLongName + " - " + kLongName;
+  forms.frmMain.imgSplitter.Position = 3600;
+  forms.frmMain.Width = 13800;
+  forms.frmMain.Height = 9000;
+  expectComplete(forms.frmMain);
+}
+
+TEST_F(FormViews, TheConsoleMadeSmall) {
+  forms.frmMain.Width = 6000;
+  forms.frmMain.Height = 4500;
+  auto& window = show(forms.frmMain);
+  EXPECT_LE(window.GetSize().x, window.FromDIP(400) * 2);
+}
 
 TEST_F(FormViews, TheSplashes) {
   expectComplete(forms.frmSplash);
@@ -98,7 +106,7 @@ TEST_F(FormViews, TheWaitWithATextThatComesLater) {
 }
 
 TEST_F(FormViews, TheDiscoveryMode) {
-  inventory::frmNetAccessSel form(program, screen, parts());
+  auto& form = forms.frmNetAccessSel;
   form.lblInfo.Caption =
       "Select how Varnhold - System Manager should add Computers from your network. You can access "
       "and modify this setting anytime from\r[Options | Select 'Auto Discover' Mode]";
@@ -106,7 +114,7 @@ TEST_F(FormViews, TheDiscoveryMode) {
 }
 
 TEST_F(FormViews, TheDetailsOfAComputer) {
-  inventory::frmDetails form(program, screen, parts());
+  auto& form = forms.frmDetails;
   form.freGroup.Visible = false;
   expectComplete(form);
   form.freInfo.Caption = "System: " + kLongName;
@@ -116,8 +124,18 @@ TEST_F(FormViews, TheDetailsOfAComputer) {
   expectNothingIsCutOff(*stage.toolkit().windowOf(&form));
 }
 
+TEST_F(FormViews, TheDetailsAreNoTallerThanTheyNeedBe) {
+  auto& form = forms.frmDetails;
+  auto& window = show(form);
+  const int both = window.GetSize().y;
+  form.freGroup.Visible = false;
+  settle();
+  EXPECT_LT(window.GetSize().y, both * 3 / 4);
+  expectNothingIsCutOff(window);
+}
+
 TEST_F(FormViews, TheDetailsOfAGroup) {
-  inventory::frmDetails form(program, screen, parts());
+  auto& form = forms.frmDetails;
   form.freInfo.Visible = false;
   form.freGroup.Caption = "Group: " + kLongName;
   form.lblDomain.Caption = kLongName;
@@ -125,7 +143,7 @@ TEST_F(FormViews, TheDetailsOfAGroup) {
 }
 
 TEST_F(FormViews, TheTypeOfASystem) {
-  inventory::frmSystemType form(program, screen, parts());
+  auto& form = forms.frmSystemType;
   form.freInfo.Caption = "System: " + kLongName;
   expectComplete(form);
 }

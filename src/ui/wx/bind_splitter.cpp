@@ -51,8 +51,14 @@ class SplitterView : public BoundView<ControlView, ui::Splitter, wxWindow> {
 class GhostView : public BoundView<ControlView, ui::Splitter, wxWindow> {
  public:
   GhostView(wxWindow& widget, ui::Splitter& splitter, wxWindow& beside)
-      : BoundView(widget, splitter), beside_(beside) {
-    widget.SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+      : BoundView(widget, splitter), beside_(beside) {}
+
+  void listen() override {
+    widget().Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
+      wxPaintDC paper(&widget());
+      paper.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW));
+      paper.Clear();
+    });
   }
 
  private:

@@ -36,7 +36,7 @@ wxCursor cursorOf(Pointer pointer) {
   return wxNullCursor;
 }
 
-wxColour colourOf(SystemColor colour) {
+wxColour colourOf(const wxWindow& widget, SystemColor colour) {
   switch (colour) {
     case SystemColor::Window:
       return wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
@@ -45,12 +45,16 @@ wxColour colourOf(SystemColor colour) {
     case SystemColor::Default:
       break;
   }
-  return wxNullColour;
+  return widget.GetDefaultAttributes().colBg;
 }
 
-void setBackColour(wxWindow& widget, const wxColour& colour) {
-  const bool differs = colour.IsOk() ? widget.GetBackgroundColour() != colour : widget.UseBackgroundColour();
-  if (differs && widget.SetBackgroundColour(colour)) widget.Refresh();
+void showBackColour(wxWindow& widget, SystemColor wanted) {
+  // A widget that has no colour of its own lets what it stands in shine through; it stays so.
+  if (wanted == SystemColor::Default && !widget.UseBackgroundColour()) return;
+  const auto colour = colourOf(widget, wanted);
+  if (colour.IsOk() && widget.GetBackgroundColour() != colour && widget.SetBackgroundColour(colour)) {
+    widget.Refresh();
+  }
 }
 
 void layOut(wxWindow& top, bool refit) {
@@ -80,7 +84,7 @@ void syncCommonValues(wxWindow& widget, const Control& control) {
   const auto tip = shown(control.ToolTipText);
   if (widget.GetToolTipText() != tip) widget.SetToolTip(tip);
   setPointer(widget, control.MousePointer);
-  setBackColour(widget, colourOf(control.BackColor));
+  showBackColour(widget, control.BackColor);
 }
 
 void showCaption(wxWindow& widget, const std::string& caption) {

@@ -78,8 +78,8 @@ bool FormMenus::hasBar(const Form& form) {
 void FormMenus::makeBar() {
   bar_ = new wxMenuBar;
   for (auto* item : form_.menuItems()) barMenus_.push_back({item, new wxMenu, {}, false});
-  showChanges();
   static_cast<wxFrame&>(frame_).SetMenuBar(bar_);
+  showChanges();
   frame_.Bind(wxEVT_MENU_OPEN, &FormMenus::opening, this);
   frame_.Bind(wxEVT_MENU, [this](wxCommandEvent& event) { chosen(event.GetId()); });
 }

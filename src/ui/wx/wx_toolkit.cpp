@@ -45,7 +45,12 @@ bool startApplication() {
 }  // namespace
 
 WxToolkit::WxToolkit(Views views) : views_(std::move(views)) {
-  if (startApplication()) return;
+  if (startApplication()) {
+    // The toolkit's words about itself are not for the operator.
+    wxDisableAsserts();
+    delete wxLog::SetActiveTarget(new wxLogStderr);
+    return;
+  }
   throw RuntimeError(
       kInternalError,
       "The console needs a screen, and there is none: no display can be opened. Start it from a "

@@ -33,6 +33,11 @@ Stage::Stage() {
     views[name] = [this, name](wxWindow& inside, Form& form) { views_.at(name)(inside, form); };
   }
   toolkit_ = std::make_unique<WxToolkit>(std::move(views));
+  // The toolkit's own checks count as the test's.
+  wxSetAssertHandler([](const wxString& file, int line, const wxString&, const wxString& condition,
+                        const wxString& message) {
+    ADD_FAILURE() << file << ':' << line << ": " << condition << ' ' << message;
+  });
 }
 
 bool Stage::waitFor(const std::function<bool()>& done) {

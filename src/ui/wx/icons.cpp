@@ -9,11 +9,11 @@ namespace {
 /// A bundle that has every size.
 class DrawnBundle : public wxBitmapBundleImpl {
  public:
-  explicit DrawnBundle(const Drawing& drawing) : drawing_(drawing) {}
+  DrawnBundle(const Drawing& drawing, wxSize defaultSize) : drawing_(drawing), defaultSize_(defaultSize) {}
 
-  wxSize GetDefaultSize() const override { return {drawing_.width, drawing_.height}; }
+  wxSize GetDefaultSize() const override { return defaultSize_; }
   wxSize GetPreferredBitmapSizeAtScale(double scale) const override {
-    return {wxRound(drawing_.width * scale), wxRound(drawing_.height * scale)};
+    return {wxRound(defaultSize_.x * scale), wxRound(defaultSize_.y * scale)};
   }
   wxBitmap GetBitmap(const wxSize& size) override {
     if (!last_.IsOk() || last_.GetSize() != size) last_ = wxBitmap(draw(size));
@@ -28,14 +28,19 @@ class DrawnBundle : public wxBitmapBundleImpl {
   }
 
   const Drawing& drawing_;
+  wxSize defaultSize_;
   wxBitmap last_;
 };
+
+wxBitmapBundle bundleOf(const Drawing& drawing, wxSize defaultSize) {
+  return wxBitmapBundle::FromImpl(new DrawnBundle(drawing, defaultSize));
+}
 
 }  // namespace
 
 wxBitmapBundle icon(const std::string& name) {
   const auto* drawing = drawingOf(name);
-  return drawing == nullptr ? wxBitmapBundle() : wxBitmapBundle::FromImpl(new DrawnBundle(*drawing));
+  return drawing == nullptr ? wxBitmapBundle() : bundleOf(*drawing, {drawing->width, drawing->height});
 }
 
 wxIconBundle windowIcon(const std::string& name) {
@@ -47,9 +52,12 @@ wxIconBundle windowIcon(const std::string& name) {
 }
 
 wxVector<wxBitmapBundle> picturesOf(const ui::ImageList* list) {
+  // All of one size, whatever size they have elsewhere: the rows are as high as the highest of them.
+  const wxSize size(16, 16);
   wxVector<wxBitmapBundle> pictures;
   for (int index = 1; list != nullptr && index <= list->Count(); ++index) {
-    pictures.push_back(icon(list->ListImages(index)));
+    const auto* drawing = drawingOf(list->ListImages(index));
+    pictures.push_back(drawing == nullptr ? wxBitmapBundle() : bundleOf(*drawing, size));
   }
   return pictures;
 }

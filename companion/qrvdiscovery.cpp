@@ -1,4 +1,5 @@
 // The functions of the C ABI about discovery: the connection, the walk, the mode, the subnets.
+#include <atomic>
 #include <thread>
 
 #include "companion/abi.h"
@@ -21,6 +22,18 @@ void sleepUntilStopped(std::chrono::milliseconds time, const std::stop_token& st
   constexpr std::chrono::milliseconds kPiece{20};
   for (; time.count() > 0 && !stop.stop_requested(); time -= kPiece)
     std::this_thread::sleep_for(std::min(time, kPiece));
+}
+
+/// A mode that was chosen and could not be stored, which holds for the rest of the run; below 0 for none.
+std::atomic<int>& unstoredMode() {
+  static std::atomic<int> mode{-1};
+  return mode;
+}
+
+/// Whoever chose to add computers by hand gets none from the network.
+bool findsByItself() {
+  if (const int mode = unstoredMode(); mode >= 0) return mode != 0;
+  return storedDiscoveryMode(platform::makeHostAdapters({})->registry()).value_or(1) != 0;
 }
 
 std::uint32_t walk(const LabNetwork& network, const std::stop_token& stop) {
@@ -57,8 +70,10 @@ int32_t QRV_CALL qrvNetworkEnum(QrvThread* thread) {
   return abi::guarded<std::int32_t>(0, [&] {
     if (thread == nullptr) return 0;
     *thread = nullptr;
-    *thread = host::startThread([network = LabNetwork(readSurroundings().labFolder)](
-                                    const std::stop_token& stop) { return walk(network, stop); });
+    *thread = host::startThread([network = LabNetwork(readSurroundings().labFolder),
+                                 isWanted = findsByItself()](const std::stop_token& stop) {
+      return isWanted ? walk(network, stop) : kWalked;
+    });
     return *thread != nullptr ? 1 : 0;
   });
 }
@@ -74,7 +89,9 @@ int16_t QRV_CALL qrvGetNetAccessMode(uint8_t* mode) {
 
 int16_t QRV_CALL qrvSetNetAccessMode(uint8_t mode) {
   return abi::guarded<std::int16_t>(0, [&]() -> std::int16_t {
-    return storeDiscoveryMode(platform::makeHostAdapters({})->registry(), mode) ? 1 : 0;
+    const bool isStored = storeDiscoveryMode(platform::makeHostAdapters({})->registry(), mode);
+    unstoredMode() = isStored ? -1 : mode;
+    return isStored ? 1 : 0;
   });
 }
 

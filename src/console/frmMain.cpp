@@ -123,10 +123,9 @@ void frmMain::showMode() {
 void frmMain::activateFirst() {
   Refresh();
   ShowBusy("Gathering Network Information... (Network problems may cause delay.)");
-  if (forms_.frmNetAccessSel.AutoDiscover) {
-    enumerateNetwork();
-    program_.host.clock.sleep(kEnumerationHeadStartMs);
-  }
+  // In either mode: the library knows the mode, and finds nothing by itself in the manual one.
+  enumerateNetwork();
+  program_.host.clock.sleep(kEnumerationHeadStartMs);
   ShowFree("Loading...");
   LoadTree();
   if (tvTreeView.Nodes.Count() > 0) {

@@ -145,7 +145,7 @@ class frmMain : public ui::Form {
   void addRows(store::Recordset& rows);
   [[nodiscard]] std::string titleOfGroup(const std::string& groupName);
   void openRoot();
-  [[nodiscard]] bool isEnumerating() const;
+  void enumerateUnlessItRuns();
   void enumerateNetwork();
   [[nodiscard]] std::string systemCount() const;
 

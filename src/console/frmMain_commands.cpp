@@ -141,7 +141,7 @@ void frmMain::mnuHelpContents_Click() {
 void frmMain::mnuOptionsNetAccessMode_Click() {
   forms_.frmNetAccessSel.ShowModal(this);
   ShowBusy("Appling Changes...");  // the product's own spelling
-  if (forms_.frmNetAccessSel.AutoDiscover && !isEnumerating()) enumerateNetwork();
+  if (forms_.frmNetAccessSel.AutoDiscover) enumerateUnlessItRuns();
   showMode();
   ShowFree(kDisplaying);
 }

@@ -1,6 +1,7 @@
 // The tree of groups, what it shows in the list, and how the list is sorted and its rows are opened.
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "console/background_thread.h"
 #include "console/forms.h"
 #include "console/frmMain.h"
 #include "console/texts.h"
@@ -110,10 +111,8 @@ void frmMain::showEditedGroup(const std::string& name) {
   }
 }
 
-bool frmMain::isEnumerating() const {
-  std::uint32_t exitCode = 0;
-  return program_.host.threads.getExitCodeThread(program_.gEnumThread, exitCode) &&
-         exitCode == platform::kStillActive;
+void frmMain::enumerateUnlessItRuns() {
+  if (!isRunning(program_.host.threads, program_.gEnumThread)) enumerateNetwork();
 }
 
 void frmMain::enumerateNetwork() {
@@ -125,7 +124,7 @@ void frmMain::mnuViewRefresh_Click() {
   // Without a selected node it stops here and stays busy, deliberately.
   if (!tvTreeView.SelectedItem()) return;
   const std::string selected = tvTreeView.SelectedItem()->Text;
-  if (!isEnumerating() && forms_.frmNetAccessSel.AutoDiscover) enumerateNetwork();
+  enumerateUnlessItRuns();
   ShowFree("Reloading...");
   LoadTree();
   if (tvTreeView.Nodes.Count() == 0) {

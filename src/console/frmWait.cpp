@@ -1,5 +1,6 @@
 #include "console/frmWait.h"
 
+#include "console/background_thread.h"
 #include "core/program.h"
 #include "ui/controls/screen.h"
 
@@ -20,26 +21,13 @@ std::array<platform::ThreadHandle*, 4> frmWait::threads() const {
   return {&program_.gEnumThread, &program_.gDomainThread, &program_.gSubnetThread, &program_.gSpareThread};
 }
 
-bool frmWait::isAlive(platform::ThreadHandle& thread) const {
-  if (thread == 0) return false;
-  std::uint32_t exitCode = 0;
-  if (!program_.host.threads.getExitCodeThread(thread, exitCode)) {
-    thread = 0;
-    return false;
-  }
-  if (exitCode == platform::kStillActive) return true;
-  program_.host.threads.closeHandle(thread);
-  thread = 0;
-  return false;
-}
-
 void frmWait::waitForThreads() {
   for (int round = 0; round < kRounds; ++round) {
     Refresh();
     screen().DoEvents();
     program_.host.clock.sleep(kRoundMs);
     bool someAlive = false;
-    for (auto* thread : threads()) someAlive = isAlive(*thread) || someAlive;
+    for (auto* thread : threads()) someAlive = isRunning(program_.host.threads, *thread) || someAlive;
     if (!someAlive) return;
   }
 }

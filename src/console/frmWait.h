@@ -27,8 +27,6 @@ class frmWait : public ui::Form {
   void Form_Activate() override;
 
   [[nodiscard]] std::array<platform::ThreadHandle*, 4> threads() const;
-  /// Gives the handle back where its thread has ended.
-  [[nodiscard]] bool isAlive(platform::ThreadHandle& thread) const;
   void waitForThreads();
 
   core::Program& program_;

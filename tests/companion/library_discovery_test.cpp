@@ -54,6 +54,16 @@ TEST_F(LibraryDiscovery, EndsWith1000AlsoWithoutALabAndWithoutAnInventory) {
   EXPECT_EQ(home_.finish(walk()), 1000u);
 }
 
+TEST_F(LibraryDiscovery, FindsNothingByItselfInTheManualMode) {
+  home_.lab().addHost("WKS01", "[host]\ntype=7\n");
+  ASSERT_NE(libraries().qrvSetNetAccessMode(0), 0);
+  EXPECT_EQ(home_.finish(walk()), 1000u);
+  EXPECT_THAT(inventory_.computers(), testing::IsEmpty());
+  ASSERT_NE(libraries().qrvSetNetAccessMode(1), 0);
+  EXPECT_EQ(home_.finish(walk()), 1000u);
+  EXPECT_THAT(inventory_.computers(), ElementsAre("WKS01|7"));
+}
+
 TEST_F(LibraryDiscovery, IsEndedAbruptlyWhereverItIs) {
   home_.lab().addHost("WKS01", "[host]\ntype=7\n");
   home_.lab().addHost("WKS02", "[delay_ms]\ndiscovery=never\n");

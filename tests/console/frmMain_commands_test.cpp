@@ -253,10 +253,11 @@ TEST_F(ModeCommandTest, OnlySaysSoWhereTheModeIsManual) {
   EXPECT_THAT(fakes::linesOf(fake.journal, "GetExitCodeThread"), IsEmpty());
 }
 
-TEST_F(ModeCommandTest, RefreshEnumeratesNothingInManualMode) {
+TEST_F(ModeCommandTest, RefreshAsksTheLibraryInManualModeToo) {
+  program.gEnumThread = 0;
   choose(false);
   frmMain.mnuViewRefresh.userClick();
-  EXPECT_THAT(enumerations(), IsEmpty());
+  EXPECT_THAT(enumerations(), ElementsAre("qrvNetworkEnum -> 8"));
 }
 
 class DetailsTest : public CommandsTest {

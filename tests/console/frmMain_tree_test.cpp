@@ -90,12 +90,13 @@ TEST_F(TreeTest, RefreshRunsInItsDocumentedOrder) {
   fake.libraries.enumerationPolls = 0;
   StatusWatch watch(frmMain.sbStatusBar, fake.journal);
   frmMain.mnuViewRefresh_Click();
-  EXPECT_THAT(fake.journal,
-              ElementsAre("Status Refreshing...", "GetExitCodeThread 7 -> 1000", "qrvNetworkEnum -> 8",
-                          "Status Reloading...", "SQL: SELECT * FROM System_Group_Detail",
-                          "Status Reading...", "SQL: SELECT * FROM System_Table WHERE System_Type <> 99999",
-                          "SQL: SELECT * FROM Module_Table", "Status Displaying Windows Systems",
-                          testing::HasSubstr("MpDbResend")));
+  EXPECT_THAT(
+      fake.journal,
+      ElementsAre("Status Refreshing...", "GetExitCodeThread 7 -> 1000", "CloseHandle 7",
+                  "qrvNetworkEnum -> 8", "Status Reloading...", "SQL: SELECT * FROM System_Group_Detail",
+                  "Status Reading...", "SQL: SELECT * FROM System_Table WHERE System_Type <> 99999",
+                  "SQL: SELECT * FROM Module_Table", "Status Displaying Windows Systems",
+                  testing::HasSubstr("MpDbResend")));
   EXPECT_EQ(program.gEnumThread, 8u);
   EXPECT_EQ(selectedNode(), "Groups");
 }

@@ -243,10 +243,10 @@ TEST_F(ConsoleModeTest, AsksForADiscoveryModeBeforeTheConsoleWhereNoneIsStored) 
                           "GetComputerName -> MANAGER", "Show frmMain"));
 }
 
-TEST_F(ConsoleModeTest, EnumeratesNothingInManualMode) {
+TEST_F(ConsoleModeTest, LeavesItToTheLibraryToFindNothingInManualMode) {
   fake.libraries.netAccessMode = 0;
   EXPECT_EQ(run(), 0);
-  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvNetworkEnum"), ElementsAre());
+  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvNetworkEnum"), ElementsAre("qrvNetworkEnum -> 7"));
 }
 
 TEST_F(ConsoleModeTest, CallsAComputerWithoutNameLocalHost) {

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <commctrl.h>
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+/// Another process's windows, seen and used by window messages alone, as a screen reader or a script does.
+namespace varnhold::windows_test {
+
+/// Asks every 50 ms until `look` gives true; false when it has not within the time.
+[[nodiscard]] bool waitFor(const std::function<bool()>& look, unsigned seconds = 60);
+
+/// The visible window of that process with exactly this title, or null.
+[[nodiscard]] HWND windowOf(DWORD process, const std::wstring& title);
+/// The titles of all visible windows of that process.
+[[nodiscard]] std::vector<std::wstring> titlesOf(DWORD process);
+/// The first visible child of that window class, by its text where one is given, or null.
+[[nodiscard]] HWND childOf(HWND window, const std::wstring& windowClass, const std::wstring& text = L"*");
+[[nodiscard]] std::wstring textOf(HWND window);
+
+/// A native list view (SysListView32) of another process.
+class NativeList {
+ public:
+  explicit NativeList(HWND list) : list_(list) {}
+
+  [[nodiscard]] int count() const;
+  [[nodiscard]] std::wstring text(int row, int column) const;
+  /// The first column, top down.
+  [[nodiscard]] std::vector<std::wstring> names() const;
+  [[nodiscard]] std::vector<int> selected() const;
+  /// A mouse button, pressed and let go, on the row's text; below the last row with `row` -1.
+  void click(int row, UINT down = WM_LBUTTONDOWN, UINT up = WM_LBUTTONUP) const;
+  void doubleClick(int row) const;
+  /// A click on the head of a column, from 0.
+  void clickHead(int column) const;
+  [[nodiscard]] HWND handle() const { return list_; }
+
+ private:
+  [[nodiscard]] POINT pointOf(int row) const;
+
+  HWND list_;
+};
+
+/// A native tree view (SysTreeView32) of another process.
+class NativeTree {
+ public:
+  explicit NativeTree(HWND tree) : tree_(tree) {}
+
+  [[nodiscard]] int count() const;
+  /// The nodes as they stand, top down: the root, its children, and so on.
+  [[nodiscard]] std::vector<std::wstring> texts() const;
+  void click(int node, UINT down = WM_LBUTTONDOWN, UINT up = WM_LBUTTONUP) const;
+  void expandRoot() const;
+
+ private:
+  [[nodiscard]] std::vector<HTREEITEM> nodes() const;
+
+  HWND tree_;
+};
+
+/// Chooses an entry of the window's menu bar by its captions, without their mnemonics and keys. False where
+/// there is no such entry, or it is disabled.
+[[nodiscard]] bool chooseMenu(HWND window, const std::vector<std::wstring>& captions);
+/// The captions of a menu's entries, separators as "-".
+[[nodiscard]] std::vector<std::wstring> captionsOf(HMENU menu);
+/// The text of a part of a status bar of another process.
+[[nodiscard]] std::wstring statusText(HWND bar, int part);
+void press(HWND window, WPARAM key);
+
+}  // namespace varnhold::windows_test

@@ -58,7 +58,9 @@ bool hearsMouse(const ui::Label& label) {
 
 wxStaticText* makeText(wxWindow* parent, LabelRoom room) {
   const long style = room == LabelRoom::Ellipsize ? wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE : 0L;
-  return new wxStaticText(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style);
+  auto* text = new wxStaticText(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style);
+  if (room == LabelRoom::Ellipsize) text->SetMinSize(wxSize(1, -1));
+  return text;
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "ui/wx/bind_tool_bar.h"
 
+#include <algorithm>
+
 #include "ui/wx/bound_view.h"
 #include "ui/wx/icons.h"
 #include "ui/wx/wx_text.h"
@@ -8,7 +10,18 @@ namespace varnhold::ui::wx {
 namespace {
 
 constexpr int kFirstId = wxID_HIGHEST + 1;  // of the button with the index 1
-const wxSize kGapSize(8, 8);                // at 100 %, in pixels
+const wxSize kGapSize(8, -1);               // at 100 %, in pixels
+
+/// The button's picture; one that shows nothing where it has none, since some hosts want every button to have
+/// one.
+wxBitmapBundle pictureOf(const ToolButton& button) {
+  auto picture = icon(button.Picture);
+  if (picture.IsOk()) return picture;
+  wxImage nothing(16, 16);
+  nothing.InitAlpha();
+  std::fill_n(nothing.GetAlpha(), 16 * 16, static_cast<unsigned char>(wxALPHA_TRANSPARENT));
+  return wxBitmapBundle(nothing);
+}
 
 class ToolBarView : public BoundView<ControlView, ui::ToolBar, wxToolBar> {
  public:
@@ -55,7 +68,7 @@ class ToolBarView : public BoundView<ControlView, ui::ToolBar, wxToolBar> {
         widget().AddControl(
             new wxStaticText(&widget(), wxID_ANY, wxString(), wxDefaultPosition, widget().FromDIP(kGapSize)));
       } else {
-        widget().AddTool(idOf(i), shown(button.Caption), icon(button.Picture), shown(button.ToolTipText));
+        widget().AddTool(idOf(i), shown(button.Caption), pictureOf(button), shown(button.ToolTipText));
       }
     }
     widget().Realize();

@@ -26,11 +26,16 @@ std::ptrdiff_t placeOf(const wxWindow& widget, const std::vector<Control*>& cont
 }  // namespace
 
 void putInTabOrder(wxWindow& parent, const Form& form) {
+  const auto behindAll = static_cast<std::ptrdiff_t>(form.controls().size());
   std::vector<Placed> placed;
   for (auto* child : parent.GetChildren()) {
     if (child->IsTopLevel()) continue;
     placed.push_back({placeOf(*child, form.controls()), child});
     putInTabOrder(*child, form);
+  }
+  // What is no control's, such as the head of a group of options, stays in front of what it was made for.
+  for (std::size_t i = placed.size(); i-- > 1;) {
+    if (placed[i - 1].place == behindAll) placed[i - 1].place = placed[i].place;
   }
   std::stable_sort(placed.begin(), placed.end(),
                    [](const Placed& left, const Placed& right) { return left.place < right.place; });

@@ -81,11 +81,14 @@ TEST_F(FormViews, TheConsole) {
   expectComplete(forms.frmMain);
 }
 
-TEST_F(FormViews, TheConsoleMadeSmall) {
-  forms.frmMain.Width = 6000;
+TEST_F(FormViews, TheConsoleMadeSmallIsAsWideAsItsToolBar) {
+  forms.frmMain.Width = 3000;
   forms.frmMain.Height = 4500;
+  forms.frmMain.lblTitle(1).Caption = kLongName + kLongName;
   auto& window = show(forms.frmMain);
-  EXPECT_LE(window.GetSize().x, window.FromDIP(400) * 2);
+  const auto* bar = widgetOf(window, forms.frmMain.tbOptToolBar);
+  ASSERT_NE(bar, nullptr);
+  EXPECT_LE(window.GetClientSize().x, bar->GetBestSize().x + window.FromDIP(20));
 }
 
 TEST_F(FormViews, TheSplashes) {

@@ -122,11 +122,15 @@ TEST_F(SimpleWidgets, OptionsAreChosenByGroupAndAGroupMayHaveNoChoice) {
   form.Show();
   EXPECT_EQ(form.box->GetLabel(), "Mode");
   EXPECT_FALSE(form.first->GetValue() || form.second->GetValue() || form.alone->GetValue());
+  settle();
   form.optFirst.Value = true;
   form.optAlone.Value = true;
-  EXPECT_TRUE(form.first->GetValue() && form.alone->GetValue());
+  EXPECT_TRUE(form.first->GetValue());
+  EXPECT_TRUE(form.alone->GetValue());
   form.optSecond.Value = true;
-  EXPECT_TRUE(!form.first->GetValue() && form.second->GetValue() && form.alone->GetValue());
+  EXPECT_FALSE(form.first->GetValue());
+  EXPECT_TRUE(form.second->GetValue());
+  EXPECT_TRUE(form.alone->GetValue());
   form.optSecond.Value = false;
   EXPECT_FALSE(form.first->GetValue() || form.second->GetValue());
   form.Unload();

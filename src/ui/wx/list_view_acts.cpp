@@ -38,9 +38,8 @@ void ListViewBinding::listenToKeys() {
     const int key = static_cast<int>(event.GetUnicodeKey());
     if (key != WXK_NONE) post([key](ui::ListView& list) { list.userKeyPress(key); });
   });
-  widget().Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
-    if (event.GetPosition() == wxDefaultPosition) menuByKey();
-  });
+  // Right presses are told otherwise, so that this is always a key.
+  widget().Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { menuByKey(); });
 }
 
 void ListViewBinding::pressed(MouseButton button, const ListPlace& place) {

@@ -1,5 +1,7 @@
 #include "ui/wx/list_view_binding.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "ui/wx/column_widths.h"
@@ -41,6 +43,17 @@ std::vector<int> widthsOf(const ui::ListView& list, const wxWindow& window) {
   const int bar = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, &window);
   const int available = window.GetSize().x - (bar > 0 ? bar : 0) - window.FromDIP(kEdges);
   return columnWidths(wishes, available, window.FromDIP(kLeastWidth));
+}
+
+/// The row that was chosen when `before` became `now`. An assistive client selects a row and leaves the focus
+/// where it is.
+int chosenRow(const RowSelection& before, const RowSelection& now) {
+  if (now.focused != before.focused) return now.focused;
+  std::vector<int> come;
+  std::set_difference(now.rows.begin(), now.rows.end(), before.rows.begin(), before.rows.end(),
+                      std::back_inserter(come));
+  const bool isFocusAmongThem = std::binary_search(come.begin(), come.end(), now.focused);
+  return come.empty() || isFocusAmongThem ? now.focused : come.back();
 }
 
 }  // namespace
@@ -138,7 +151,12 @@ void ListViewBinding::readSelection(ui::ListView& list) {
   if (revision_ != list.ListItems.revision()) return;
   const auto before = std::exchange(selection_, rows_.selection());
   const bool isSame = selection_.rows == before.rows && selection_.focused == before.focused;
-  if (!isSame || chosen) list.userSelection(selection_.rows, selection_.focused);
+  if (isSame && !chosen) return;
+  if (selection_.rows.empty() && !chosen) {
+    list.userClick(0);  // beside the rows
+  } else {
+    list.userSelection(selection_.rows, chosenRow(before, selection_));
+  }
 }
 
 }  // namespace varnhold::ui::wx

@@ -110,9 +110,8 @@ void TreeViewBinding::listen() {
     focusArrives_ = true;
     post([this](ui::TreeView&) { focusArrives_ = false; });
   });
-  widget().Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
-    if (event.GetPosition() == wxDefaultPosition) menuByKey();
-  });
+  // Right presses are told otherwise, so that this is always a key.
+  widget().Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { menuByKey(); });
 }
 
 void TreeViewBinding::selectionMoved() {

@@ -25,6 +25,8 @@ namespace varnhold::ui::wx {
 /// Where on the screen a cell is, near its left end but behind its picture, or in the picture.
 [[nodiscard]] wxPoint placeOfCell(wxWindow& list, int row, int column);
 [[nodiscard]] wxPoint placeOfPicture(wxWindow& list, int row, int column);
+/// A click with the left button at that place of the screen, with the key (WXK_SHIFT, WXK_CONTROL) held down.
+void clickHolding(wxWindow& list, int key, const wxPoint& place);
 /// Where on the screen the head of a column is.
 [[nodiscard]] wxPoint placeOfHead(wxWindow& list, int column);
 

@@ -1,4 +1,6 @@
 #include <wx/dataview.h>
+#include <wx/uiaction.h>
+#include <wx/utils.h>
 
 #include "tests/ui/wx/list_reader.h"
 #include "ui/wx/wx_text.h"
@@ -107,6 +109,14 @@ wxPoint placeOfCell(wxWindow& list, int row, int column) {
 
 wxPoint placeOfPicture(wxWindow& list, int row, int column) {
   return place(list, row, column, 8);
+}
+
+void clickHolding(wxWindow&, int key, const wxPoint& place) {
+  wxUIActionSimulator user;
+  user.MouseMove(place);
+  user.KeyDown(key);
+  user.MouseClick();
+  user.KeyUp(key);
 }
 
 wxPoint placeOfHead(wxWindow& list, int column) {

@@ -132,6 +132,14 @@ wxPoint placeOfPicture(wxWindow& list, int row, int column) {
   return middleOf(list, partOf(list, row, column, LVIR_ICON), 6);
 }
 
+void clickHolding(wxWindow& list, int key, const wxPoint& place) {
+  const auto at = list.ScreenToClient(place);
+  const auto position = MAKELPARAM(at.x, at.y);
+  const WPARAM held = key == WXK_SHIFT ? MK_SHIFT : MK_CONTROL;
+  PostMessageW(handleOf(list), WM_LBUTTONDOWN, held | MK_LBUTTON, position);
+  PostMessageW(handleOf(list), WM_LBUTTONUP, held, position);
+}
+
 wxPoint placeOfHead(wxWindow& list, int column) {
   RECT rect = {};
   SendMessageW(headsOf(list), HDM_GETITEMRECT, static_cast<WPARAM>(column) - 1,

@@ -205,14 +205,10 @@ TEST_F(ListViewTest, TakesAClickAlsoOnTheSelectedRow) {
 
 TEST_F(ListViewTest, TakesClicksThatExtendTheSelection) {
   clickRow(1);
-  user.KeyDown(WXK_SHIFT);
-  clickRow(3);
-  user.KeyUp(WXK_SHIFT);
+  clickHolding(widget(), WXK_SHIFT, placeOfCell(widget(), 3, 1));
   settle();
   EXPECT_THAT(selectedRows(), ElementsAre("CALYPSO", "ATLAS", "DELOS"));
-  user.KeyDown(WXK_CONTROL);
-  clickRow(2);
-  user.KeyUp(WXK_CONTROL);
+  clickHolding(widget(), WXK_CONTROL, placeOfCell(widget(), 2, 1));
   settle();
   EXPECT_THAT(selectedRows(), ElementsAre("CALYPSO", "DELOS"));
 }

@@ -5,6 +5,7 @@
 #include <wx/window.h>
 
 #include <array>
+#include <cstring>
 
 #include "ui/wx/wx_text.h"
 
@@ -65,7 +66,7 @@ wxPoint placeIn(wxWindow& tree, int node, int fromLeft) {
   // The message takes the node in the place where it puts the rectangle.
   RECT rect = {};
   const auto item = itemOf(tree, node);
-  *reinterpret_cast<HTREEITEM*>(&rect) = item;
+  std::memcpy(&rect, &item, sizeof item);
   SendMessageW(handleOf(tree), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&rect));
   return tree.ClientToScreen(wxPoint(rect.left + fromLeft, (rect.top + rect.bottom) / 2));
 }

@@ -43,6 +43,7 @@ class SplitterView : public BoundView<ControlView, ui::Splitter, wxWindow> {
     if (left_.GetMinSize().x == width) return;
     left_.SetMinSize(wxSize(width, -1));
     widget().GetParent()->Layout();
+    widget().GetParent()->Refresh();
   }
 
   wxWindow& left_;
@@ -63,7 +64,11 @@ class GhostView : public BoundView<ControlView, ui::Splitter, wxWindow> {
 
  private:
   void show(const ui::Splitter& splitter) override {
-    if (!splitter.Visible) return;
+    if (!splitter.Visible) {
+      // What it lay over has not been painted meanwhile.
+      widget().GetParent()->Refresh();
+      return;
+    }
     widget().SetSize(pixels(widget(), splitter.Position), beside_.GetPosition().y,
                      widget().FromDIP(kBarWidth), beside_.GetSize().y);
     widget().Raise();

@@ -130,12 +130,17 @@ void NativeList::showWidths(const std::vector<int>& widths) {
   }
 }
 
+// By messages of its own, since the toolkit draws no arrow where it takes the host for too old.
 void NativeList::showSortArrow(int column, bool ascending) {
-  if (column == GetSortIndicator() + 1 && ascending == IsAscendingSortIndicator()) return;
-  if (column == 0) {
-    RemoveSortIndicator();
-  } else {
-    ShowSortIndicator(column - 1, ascending);
+  const auto heads = ListView_GetHeader(static_cast<HWND>(GetHandle()));
+  for (int place = 0; place < GetColumnCount(); ++place) {
+    HDITEMW head = {};
+    head.mask = HDI_FORMAT;
+    Header_GetItem(heads, place, &head);
+    const int before = head.fmt;
+    head.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+    if (place == column - 1) head.fmt |= ascending ? HDF_SORTUP : HDF_SORTDOWN;
+    if (head.fmt != before) Header_SetItem(heads, place, &head);
   }
 }
 

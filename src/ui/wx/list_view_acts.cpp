@@ -1,6 +1,7 @@
 // What users do to a list, on its way to the control.
 #include "ui/wx/list_view_binding.h"
 #include "ui/wx/popup_place.h"
+#include "ui/wx/wx_text.h"
 
 namespace varnhold::ui::wx {
 
@@ -33,11 +34,7 @@ void ListViewBinding::listenToKeys() {
     event.Skip();
     keyIsDown_ = false;
   });
-  widget().Bind(wxEVT_CHAR, [this](wxKeyEvent& event) {
-    event.Skip();
-    const int key = static_cast<int>(event.GetUnicodeKey());
-    if (key != WXK_NONE) post([key](ui::ListView& list) { list.userKeyPress(key); });
-  });
+  widget().Bind(wxEVT_CHAR, [this](wxKeyEvent& event) { typed(event); });
   // Right presses are told otherwise, so that this is always a key.
   widget().Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { menuByKey(); });
 }
@@ -82,6 +79,26 @@ void ListViewBinding::keyDown(wxKeyEvent& event) {
   } else {
     event.Skip();
   }
+}
+
+void ListViewBinding::typed(wxKeyEvent& event) {
+  const auto letter = event.GetUnicodeKey();
+  if (letter != WXK_NONE) {
+    post([key = static_cast<int>(letter)](ui::ListView& list) { list.userKeyPress(key); });
+  }
+  const bool isText =
+      letter > WXK_SPACE && letter != WXK_DELETE && (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
+  if (!isText) {
+    event.Skip();
+    return;
+  }
+  // One way to look for it on both hosts: that of GTK finds nothing beside pictures.
+  post([this, text = utf8(wxString(letter)), nowMs = wxGetLocalTimeMillis().GetValue()](ui::ListView& list) {
+    const int row = typeAhead_.find(list, text, nowMs);
+    if (row == 0) return;
+    revealed_ = row;
+    list.userSelection({row}, row);
+  });
 }
 
 void ListViewBinding::menuByKey() {

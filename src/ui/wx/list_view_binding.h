@@ -7,6 +7,7 @@
 #include "ui/controls/list_view.h"
 #include "ui/wx/bound_view.h"
 #include "ui/wx/list_widget.h"
+#include "ui/wx/type_ahead.h"
 
 namespace varnhold::ui::wx {
 
@@ -42,6 +43,7 @@ class ListViewBinding : public BoundView<ListControlView, ui::ListView, wxWindow
   void released(MouseButton button, const ListPlace& place);
   void activated(int row);
   void keyDown(wxKeyEvent& event);
+  void typed(wxKeyEvent& event);
   void menuByKey();
 
   ListWidget& rows_;
@@ -54,6 +56,7 @@ class ListViewBinding : public BoundView<ListControlView, ui::ListView, wxWindow
   bool widthsStale_ = true;
   int revealed_ = 0;
   // What the user does.
+  TypeAhead typeAhead_;
   bool readPending_ = false;
   bool chosen_ = false;
   bool keyIsDown_ = false;

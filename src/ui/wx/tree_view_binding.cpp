@@ -110,8 +110,16 @@ void TreeViewBinding::listen() {
     focusArrives_ = true;
     post([this](ui::TreeView&) { focusArrives_ = false; });
   });
-  // Right presses are told otherwise, so that this is always a key.
+  // Right presses are told otherwise, so that this is always a key. The native tree keeps one of the keys for
+  // itself.
   widget().Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { menuByKey(); });
+  widget().Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+    if (event.GetKeyCode() == WXK_F10 && event.GetModifiers() == wxMOD_SHIFT) {
+      menuByKey();
+    } else {
+      event.Skip();
+    }
+  });
 }
 
 void TreeViewBinding::selectionMoved() {

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 #include "tests/ui/controls/recording_form.h"
 
 namespace varnhold::ui {
@@ -170,6 +172,22 @@ TEST_F(ListViewTest, TellsItsViewWhatHasChanged) {
   list.ListItems.Remove(5);
   list.ListItems.Clear();
   EXPECT_THAT(view.told, ElementsAre("rows", "row EOS", "show EOS", "row EOS", "columns", "rows", "rows"));
+}
+
+TEST_F(ListViewTest, GivesItsRowsAnotherRevisionForAllThatIsSeenButTheSelection) {
+  const auto isAnotherBy = [&](const std::function<void()>& act) {
+    const auto before = list.ListItems.revision();
+    act();
+    return list.ListItems.revision() != before;
+  };
+  EXPECT_TRUE(isAnotherBy([&] { list.ListItems.Add("EOS"); }));
+  EXPECT_TRUE(isAnotherBy([&] { list.ListItems(5).SubItems(1) = "Windows XP"; }));
+  EXPECT_TRUE(isAnotherBy([&] { list.ListItems(5).ListSubItems(1).ReportIcon = 1; }));
+  EXPECT_TRUE(isAnotherBy([&] { list.ListItems.Remove(5); }));
+  EXPECT_TRUE(isAnotherBy([&] { list.Sorted = true; }));
+  EXPECT_FALSE(isAnotherBy([&] { list.ListItems(1).Selected = true; }));
+  EXPECT_FALSE(isAnotherBy([&] { list.ListItems(1).Tag = "nobody sees this"; }));
+  EXPECT_TRUE(isAnotherBy([&] { list.ListItems.Clear(); }));
 }
 
 TEST_F(ListViewTest, TellsItsViewOfBothRowsWhenTheSelectionMoves) {

@@ -260,6 +260,14 @@ TEST_F(ListViewTest, TellsTypedKeysAndEnter) {
   EXPECT_THAT(journal, testing::Not(testing::Contains("double click")));
 }
 
+TEST_F(ListViewTest, FindsTheRowWhoseNameIsTyped) {
+  clickRow(1);
+  journal.clear();
+  press('D');
+  EXPECT_THAT(selectedRows(), ElementsAre("DELOS"));
+  EXPECT_THAT(linesOf(journal, "click"), ElementsAre("click DELOS"));
+}
+
 TEST_F(ListViewTest, TellsADoubleClick) {
   user.MouseMove(placeOfCell(widget(), 2, 1));
   settle();

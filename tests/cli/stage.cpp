@@ -99,6 +99,11 @@ void Stage::takeLibraryAway() {
   fs::remove(home_ / kLibraryName);
 }
 
+void Stage::putCompanion() {
+  takeLibraryAway();
+  fs::copy_file(companionLibrary(), home_ / kLibraryName);
+}
+
 fs::path Stage::companionLibrary() {
   return kBin / kLibraryName;
 }

@@ -20,6 +20,8 @@ class Stage {
   /// function.
   void putLibrary(const std::string& folder);
   void takeLibraryAway();
+  /// Puts the companion itself there, without a recorder before it.
+  void putCompanion();
   [[nodiscard]] std::filesystem::path home() const { return home_; }
   /// The companion library of the build, which the recorder hands each call on to.
   [[nodiscard]] static std::filesystem::path companionLibrary();

@@ -1,7 +1,7 @@
 // A long day at the console: refreshes, clicks and dialogs, while the enumeration fills the same inventory.
 #include <gmock/gmock.h>
 
-#include <filesystem>
+#include <memory>
 #include <string>
 
 #include "console/forms.h"
@@ -19,9 +19,7 @@ constexpr int kLabComputers = 40;
 class ConsoleSession : public testing::Test {
  protected:
   ConsoleSession() {
-    stage.takeLibraryAway();
-    std::filesystem::copy_file(cli::Stage::companionLibrary(),
-                               stage.home() / cli::Stage::companionLibrary().filename());
+    stage.putCompanion();
     for (int i = 0; i < kLabComputers; ++i) addLabComputer("LAB" + std::to_string(100 + i), i);
     for (const char* group : {"Desks", "Servers"}) {
       const std::string name = group;

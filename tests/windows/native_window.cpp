@@ -243,32 +243,19 @@ void NativeTree::click(int node, UINT down, UINT up) const {
   mouse(tree_, middleOf(memory.read<RECT>()), down, up);
 }
 
-std::vector<std::wstring> captionsOf(HMENU menu) {
-  std::vector<std::wstring> captions;
-  for (int place = 0; place < GetMenuItemCount(menu); ++place) {
-    wchar_t caption[kTextLength] = {};
-    GetMenuStringW(menu, static_cast<UINT>(place), caption, kTextLength, MF_BYPOSITION);
-    captions.push_back(caption[0] == 0 ? L"-" : withoutMnemonicAndKey(caption));
+HWND openMenuOf(DWORD process) {
+  for (auto* window : windowsOf(process)) {
+    if (classOf(window) == L"#32768") return window;
   }
-  return captions;
+  return nullptr;
 }
 
-bool chooseMenu(HWND window, const std::vector<std::wstring>& captions) {
-  auto* menu = GetMenu(window);
-  for (std::size_t level = 0; level < captions.size(); ++level) {
-    const auto entries = captionsOf(menu);
-    const auto found = std::find(entries.begin(), entries.end(), captions[level]);
-    if (found == entries.end()) return false;
-    const auto place = static_cast<int>(found - entries.begin());
-    if ((GetMenuState(menu, static_cast<UINT>(place), MF_BYPOSITION) & (MF_GRAYED | MF_DISABLED)) != 0) {
-      return false;
-    }
-    if (level + 1 == captions.size()) {
-      return PostMessageW(window, WM_COMMAND, GetMenuItemID(menu, place), 0) != 0;
-    }
-    menu = GetSubMenu(menu, place);
-  }
-  return false;
+void openMenu(HWND window, wchar_t mnemonic) {
+  PostMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, mnemonic);
+}
+
+void pressInMenu(HWND window, wchar_t mnemonic) {
+  PostMessageW(window, WM_CHAR, mnemonic, 0);
 }
 
 std::wstring statusText(HWND bar, int part) {

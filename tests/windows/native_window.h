@@ -1,7 +1,9 @@
 #pragma once
 
-#include <commctrl.h>
 #include <windows.h>
+
+// Needs the header above.
+#include <commctrl.h>
 
 #include <functional>
 #include <string>
@@ -61,11 +63,13 @@ class NativeTree {
   HWND tree_;
 };
 
-/// Chooses an entry of the window's menu bar by its captions, without their mnemonics and keys. False where
-/// there is no such entry, or it is disabled.
-[[nodiscard]] bool chooseMenu(HWND window, const std::vector<std::wstring>& captions);
-/// The captions of a menu's entries, separators as "-".
-[[nodiscard]] std::vector<std::wstring> captionsOf(HMENU menu);
+/// The open menu of that process (a window of the class #32768), or null. A menu's entries can't be read from
+/// another process on every host; what they do can be seen.
+[[nodiscard]] HWND openMenuOf(DWORD process);
+/// Opens a menu of the window's menu bar by its mnemonic, as Alt and the letter do.
+void openMenu(HWND window, wchar_t mnemonic);
+/// Presses a letter in the menu that is open over the window.
+void pressInMenu(HWND window, wchar_t mnemonic);
 /// The text of a part of a status bar of another process.
 [[nodiscard]] std::wstring statusText(HWND bar, int part);
 void press(HWND window, WPARAM key);

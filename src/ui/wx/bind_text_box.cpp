@@ -92,8 +92,10 @@ long styleOf(const ui::TextBox& box) {
 }  // namespace
 
 wxWindow* bindTextBox(wxWindow* parent, ui::TextBox& box) {
-  return bind<TextBoxView>(
-      new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, styleOf(box)), box);
+  auto* widget = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, styleOf(box));
+  constexpr int kLeastLines = 4;
+  if (box.MultiLine) widget->SetMinSize(wxSize(-1, kLeastLines * widget->GetCharHeight()));
+  return bind<TextBoxView>(widget, box);
 }
 
 }  // namespace varnhold::ui::wx

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <wx/weakref.h>
-
 #include <functional>
 #include <memory>
+
+#include <wx/weakref.h>
 
 #include "ui/controls/form.h"
 #include "ui/controls/toolkit.h"

@@ -1,3 +1,5 @@
+#include <wx/msgdlg.h>
+
 #include <wx/generic/msgdlgg.h>
 
 #include "ui/wx/message_dialog.h"

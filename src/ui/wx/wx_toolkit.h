@@ -1,10 +1,10 @@
 #pragma once
 
-#include <wx/weakref.h>
-
 #include <map>
 #include <memory>
 #include <vector>
+
+#include <wx/weakref.h>
 
 #include "ui/controls/toolkit.h"
 #include "ui/wx/views.h"

@@ -15,7 +15,7 @@ namespace varnhold::console {
 namespace {
 
 // Twips.
-constexpr int kWidth = 13800, kHeight = 9000, kLeastWidth = 3000;
+constexpr int kWidth = 16200, kHeight = 9600, kLeastWidth = 3000;
 constexpr double kFirstSplitterPosition = 3600, kSplitterMargin = 500;
 
 constexpr std::uint32_t kBackgroundPollMs = 1000, kDesktopPollMs = 250, kEnumerationHeadStartMs = 400;
@@ -71,9 +71,9 @@ void frmMain::designLists() {
   lvListView.MultiSelect = true;
   // Type and status have the longest texts.
   lvListView.ColumnHeaders.Add("Computer").Width = 1.0;
-  lvListView.ColumnHeaders.Add("Type").Width = 1.5;
-  lvListView.ColumnHeaders.Add("Description").Width = 1.0;
-  lvListView.ColumnHeaders.Add("System Status").Width = 1.5;
+  lvListView.ColumnHeaders.Add("Type").Width = 1.8;
+  lvListView.ColumnHeaders.Add("Description").Width = 1.2;
+  lvListView.ColumnHeaders.Add("System Status").Width = 1.9;
   lvListView.ColumnHeaders.Add("Port").Width = 0;  // it keeps its width when the list grows
   picSplitter.Visible = false;
   tmrAddDomains.Interval = tmrAddSubnet.Interval = kBackgroundPollMs;

@@ -3,9 +3,7 @@
     screenshots.py FOLDER
 """
 
-import os
 import pathlib
-import signal
 import subprocess
 import sys
 import time
@@ -37,13 +35,17 @@ def title_of(number):
 
 
 def take_splash(name, home, program):
-    """Stops the program as soon as its first window is there, since a splash does not last."""
+    """A splash lasts as long as the inventory takes to open: a while, when another program holds it."""
+    holder = home.connect()
+    holder.execute("PRAGMA locking_mode = EXCLUSIVE")
+    holder.execute("BEGIN EXCLUSIVE")
     process = home.start(program)
     number = desktop.wait_for("the splash", lambda: windows_of(process))[-1]
-    process.send_signal(signal.SIGSTOP)
+    time.sleep(0.7)
     desktop.screenshot(FOLDER / f"{name}.png", number)
     process.kill()
     process.wait()
+    holder.close()
 
 
 def lab_home():

@@ -1,5 +1,6 @@
 """A home with a known inventory, and the console started in it."""
 
+import contextlib
 import os
 import pathlib
 import re
@@ -69,8 +70,14 @@ class Home:
                 rows.execute("INSERT INTO System_Group_Detail VALUES (?, 0, '', '')", (group,))
                 rows.executemany("INSERT INTO System_Group VALUES (?, ?)", [(member, group) for member in members])
 
-    def inventory(self):
+    def connect(self):
         return sqlite3.connect(self.path / "qrvdbv3.mdb", timeout=10)
+
+    @contextlib.contextmanager
+    def inventory(self):
+        """A connection for some statements, committed and closed at their end."""
+        with contextlib.closing(self.connect()) as connection, connection:
+            yield connection
 
     def _set_discovery(self, discovery):
         """`first start` leaves the mode unsaved."""

@@ -49,6 +49,11 @@ function(varnhold_test name)
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${name} PRIVATE ${arg_USES} varnhold_warnings GTest::gmock GTest::gtest_main)
+  # Compiling the tests is most of a build's time, and how fast they run is no matter.
+  target_compile_options(${name} PRIVATE -O0 -g1)
+  if(TARGET test_headers AND NOT arg_DISPLAY)
+    target_precompile_headers(${name} REUSE_FROM test_headers)
+  endif()
   if(arg_DISPLAY)
     add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/cmake/run-under-xvfb ${CMAKE_CROSSCOMPILING_EMULATOR}
                                   $<TARGET_FILE:${name}> --gtest_shuffle --gtest_brief=1)

@@ -1,0 +1,4 @@
+// Holds the tests' precompiled headers; it does nothing itself.
+int main() {
+  return 0;
+}

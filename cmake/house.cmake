@@ -57,6 +57,10 @@ function(varnhold_test name)
   if(arg_DISPLAY)
     add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/cmake/run-under-xvfb ${CMAKE_CROSSCOMPILING_EMULATOR}
                                   $<TARGET_FILE:${name}> --gtest_shuffle --gtest_brief=1)
+    # The end of one test's Wine would be the end of another's.
+    if(WIN32)
+      set_tests_properties(${name} PROPERTIES RESOURCE_LOCK "wine-display")
+    endif()
   else()
     add_test(NAME ${name} COMMAND ${name} --gtest_shuffle --gtest_brief=1)
   endif()

@@ -43,6 +43,20 @@ class ServiceControlContract : public ::testing::Test {
     return answer;
   }
 
+  /// The host's service. A host that is still starting may be late to know a service that was just made, so
+  /// this asks for up to five seconds.
+  platform::ServiceHandle openSoon(platform::ServiceHandle manager) {
+    const auto open = [&] {
+      return services().openService(manager, host_.service(), platform::kServiceAllAccess);
+    };
+    auto service = open();
+    for (int tries = 0; tries < 500 && service == 0; ++tries) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+      service = open();
+    }
+    return service;
+  }
+
   Host host_;
 };
 
@@ -52,8 +66,7 @@ TYPED_TEST_P(ServiceControlContract, OpensAServiceThatIsThereAndNoOther) {
   auto& services = this->services();
   const platform::OwnedServiceHandle manager(services, services.openSCManager(this->host_.machine()));
   ASSERT_TRUE(manager);
-  const platform::OwnedServiceHandle service(
-      services, services.openService(manager.get(), this->host_.service(), platform::kServiceAllAccess));
+  const platform::OwnedServiceHandle service(services, this->openSoon(manager.get()));
   EXPECT_TRUE(service);
   EXPECT_EQ(services.openService(manager.get(), "No Such Service", platform::kServiceAllAccess), 0u);
 }
@@ -61,8 +74,7 @@ TYPED_TEST_P(ServiceControlContract, OpensAServiceThatIsThereAndNoOther) {
 TYPED_TEST_P(ServiceControlContract, StartsAndStopsAService) {
   auto& services = this->services();
   const platform::OwnedServiceHandle manager(services, services.openSCManager(this->host_.machine()));
-  const platform::OwnedServiceHandle service(
-      services, services.openService(manager.get(), this->host_.service(), platform::kServiceAllAccess));
+  const platform::OwnedServiceHandle service(services, this->openSoon(manager.get()));
   ASSERT_TRUE(service);
   const auto start = [&] { return services.startService(service.get()); };
   const auto stop = [&] { return services.controlService(service.get(), platform::kServiceControlStop); };

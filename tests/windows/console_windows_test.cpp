@@ -165,7 +165,8 @@ TEST_F(ConsoleOnWindows, ListsEveryComputerWithItsStatusInTheNativeList) {
 
 TEST_F(ConsoleOnWindows, ShowsTheGroupsInTheNativeTreeAndListsTheChosenOne) {
   startAndFill();
-  EXPECT_EQ(tree().texts(), (Names{L"Groups", L"Servers"}));
+  const Names nodes{L"Groups", L"Servers"};
+  ASSERT_TRUE(waitFor([&] { return tree().texts() == nodes; }, 20)) << testing::PrintToString(tree().texts());
   tree().expandRoot();
   tree().click(1);
   EXPECT_TRUE(waitForNames({L"ANVIL", L"EMBER"}));

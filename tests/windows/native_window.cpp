@@ -238,7 +238,7 @@ void NativeTree::expandRoot() const {
 void NativeTree::click(int node, UINT down, UINT up) const {
   const RemoteMemory memory(tree_, sizeof(RECT));
   // The message takes the node in the place where it leaves the box.
-  memory.write(nodes()[static_cast<std::size_t>(node)]);
+  memory.write(nodes().at(static_cast<std::size_t>(node)));
   send(tree_, TVM_GETITEMRECT, TRUE, memory.at());
   mouse(tree_, middleOf(memory.read<RECT>()), down, up);
 }

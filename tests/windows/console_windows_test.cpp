@@ -217,7 +217,7 @@ TEST_F(ConsoleOnWindows, OffersTheCommandsOfAComputerOnARightPress) {
   startAndFill();
   list().click(4, WM_RBUTTONDOWN, WM_RBUTTONUP);
   ASSERT_TRUE(waitFor([&] { return openMenuOf(process_->id()) != nullptr; }, 20)) << "no pop-up menu";
-  EXPECT_EQ(list().selected(), std::vector<int>{4});
+  EXPECT_TRUE(waitFor([&] { return list().selected() == std::vector<int>{4}; }, 20));
   press(window(), VK_ESCAPE);
   EXPECT_TRUE(waitFor([&] { return openMenuOf(process_->id()) == nullptr; }, 20));
 }

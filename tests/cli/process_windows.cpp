@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 
 #include "base/unicode.h"
 #include "tests/cli/process.h"
@@ -24,6 +25,10 @@ std::wstring wide(const std::string& text) {
 /// backslashes.
 std::wstring quoted(const std::string& argument) {
   return argument.find(' ') == std::string::npos ? wide(argument) : L"\"" + wide(argument) + L"\"";
+}
+
+std::system_error lastError(const std::string& what) {
+  return {static_cast<int>(GetLastError()), std::system_category(), what};
 }
 
 }  // namespace
@@ -53,8 +58,11 @@ ProcessResult runProcess(const std::string& program, const std::vector<std::stri
   for (const auto& [name, value] : environment)
     SetEnvironmentVariableW(wide(name).c_str(), wide(value).c_str());
   SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
-  const auto file = CreateFileW(wide(errorFile).c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inheritable,
+  // Wine's desktop process, which the first program with windows starts, inherits the file and keeps it open.
+  const auto file = CreateFileW(wide(errorFile).c_str(), GENERIC_WRITE,
+                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, &inheritable,
                                 CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) throw lastError(errorFile + " cannot be written");
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESTDHANDLES;
@@ -63,15 +71,16 @@ ProcessResult runProcess(const std::string& program, const std::vector<std::stri
   for (const auto& argument : arguments) line += L" " + quoted(argument);
   PROCESS_INFORMATION process{};
   ProcessResult result;
-  if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process) !=
-      0) {
-    DWORD status = 0;
-    WaitForSingleObject(process.hProcess, INFINITE);
-    GetExitCodeProcess(process.hProcess, &status);
-    result.exitStatus = static_cast<int>(status);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                      &process)) {
+    throw lastError(program + " does not start");
   }
+  DWORD status = 0;
+  WaitForSingleObject(process.hProcess, INFINITE);
+  GetExitCodeProcess(process.hProcess, &status);
+  result.exitStatus = static_cast<int>(status);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
   CloseHandle(file);
   std::ifstream in(std::filesystem::path(wide(errorFile)), std::ios::binary);
   result.standardError = {std::istreambuf_iterator<char>(in), {}};

@@ -146,9 +146,11 @@ TEST_F(PlainLibrary, HasExitCodesOnlyForOpenHandles) {
 }
 
 TEST_F(PlainLibrary, GivesAnEndedThreadItsCodeAtOnceAndOnce) {
-  home_.lab().addHost("WKS01", "[delay_ms]\ndiscovery=never\n");
-  QrvThread thread = nullptr;
-  ASSERT_NE(CALL(qrvNetworkEnum)(&thread), 0);
+  home_.lab().addHost("WKS01", "[delay_ms]\ninstall=never\n");
+  Record record("WKS01");
+  std::string path = home_.libraryPath();
+  void* const thread = CALL(qrvCInstall)(&record.job, path.data());
+  ASSERT_NE(thread, nullptr);
   std::uint32_t code = 7;
   EXPECT_NE(CALL(qrvHostTerminateThread)(thread, 3), 0);
   EXPECT_NE(CALL(qrvHostGetExitCodeThread)(thread, &code), 0);

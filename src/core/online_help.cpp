@@ -1,7 +1,5 @@
 #include "core/online_help.h"
 
-#include <string>
-
 namespace varnhold::core {
 namespace {
 
@@ -9,10 +7,14 @@ constexpr int kLastShellError = 32;  // shellapi.h: above it, ShellExecute worke
 
 }  // namespace
 
+bool openWebPage(platform::Processes& processes, const std::string& page) {
+  return processes.shellExecute("open", page, platform::ShowState::Normal) > kLastShellError ||
+         processes.shellExecute("open", "iexplore", page, platform::ShowState::Normal) > kLastShellError;
+}
+
 void ShowOnlineHelp(platform::Processes& processes, platform::Ui& ui) {
   const std::string page = kOnlineHelpPage;
-  if (processes.shellExecute("open", page, platform::ShowState::Normal) > kLastShellError) return;
-  if (processes.shellExecute("open", "iexplore", page, platform::ShowState::Normal) > kLastShellError) return;
+  if (openWebPage(processes, page)) return;
   ui.messageBox(
       "Failed to launch the default web browser. You can use the following URL to check whats new in "
       "Varnhold.\r" +

@@ -64,6 +64,7 @@ struct Program {
   platform::ThreadHandle gEnumThread = 0, gDomainThread = 0, gSubnetThread = 0, gSpareThread = 0;
   std::int32_t gCliAction = 0;                           ///< command-line installer: 1 install, 2 uninstall
   std::string gLoginDomain, gLoginUser, gLoginPassword;  ///< the account that the operator logged in with
+  bool gLoginOK = false;  ///< the last prompt for it was answered; read by no one, deliberately
 };
 
 }  // namespace varnhold::core

@@ -1,0 +1,137 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "ui/controls/check_box.h"
+#include "ui/controls/combo_box.h"
+#include "ui/controls/command_button.h"
+#include "ui/controls/containers.h"
+#include "ui/controls/control_array.h"
+#include "ui/controls/form.h"
+#include "ui/controls/image.h"
+#include "ui/controls/label.h"
+#include "ui/controls/list_box.h"
+#include "ui/controls/list_view.h"
+#include "ui/controls/option_button.h"
+#include "ui/controls/progress_bar.h"
+#include "ui/controls/text_box.h"
+#include "ui/controls/tree_view.h"
+
+namespace varnhold::core {
+struct Program;
+}
+
+namespace varnhold::deployment {
+
+class frmLogin;
+class frmRemedialActionHelp;
+
+/// What the wizard uses of the console. All of it outlives the wizard.
+struct ConsoleOfWizard {
+  ui::ListView& lvListView;
+  ui::TreeView& tvTreeView;
+  ui::ImageList& imlIcons;
+  std::function<void(ui::TreeNode*)> tvTreeView_NodeClick;
+  std::function<void()> mnuViewRefresh_Click;
+};
+
+/// The columns of `lvSystems` behind the computer's name.
+inline constexpr int kStatusSubItem = 1, kKeepSnapsSubItem = 2;
+
+/// The wizard through which agents are installed, uninstalled and upgraded. The console loads it, sets
+/// `Operation` and `CurrentPage`, and shows it modally; engines.h has what works on the computers. Main
+/// thread.
+class frmTargets : public ui::Form {
+ public:
+  /// Everything outlives the form.
+  frmTargets(core::Program& program, ui::Screen& screen, ConsoleOfWizard console, frmLogin& login,
+             frmRemedialActionHelp& remedialHelp);
+
+  // Set by the console before the form is shown.
+  std::int32_t Operation = 0;    ///< a DeploymentOperation
+  std::int32_t CurrentPage = 0;  ///< 1 to 8
+
+  // The state of a run, all cleared when the form loads.
+  bool ErrorsSeen = false;     ///< at least one computer failed
+  bool RunBusy = false;        ///< an engine is running
+  bool StopRequested = false;  ///< the operator asked to stop
+
+  // Pages 1 and 2, and the run screen.
+  ui::Frame freMain;
+  ui::Label lblInfo;
+  ui::ComboBox cboGroups;
+  ui::ListView lvSelect, lvSelected, lvSystems;
+  ui::CommandButton cmdAdd{"&Add ->"}, cmdRemove{"<- &Remove"}, cmdselectall{"Add All >>"},
+      cmdremoveall{"<< Remove All"};
+  ui::ProgressBar pbProgress;
+
+  // Page 3.
+  ui::Frame freSelectAgent, fraAgentType{"Agent Type"};
+  ui::Label lblAgentType{"Please select the type below"}, lblAgenthelp, lblAgenthelp1, lblAgenthelp2,
+      lblAgenthelp3, lblAgenthelp4;
+  ui::OptionButton OptAgentbased{"Agent based (Full featured)"},
+      OptAgentless{"Agent-less (limited features)*"};
+  ui::CheckBox chkHPMode{"Enable High Performance Mode"};
+  ui::CheckBox chkCopyRemedialActionScripts{"Install default &Remedial Action EXEs on this system"};
+
+  // Page 4.
+  ui::Frame freAgents;
+  ui::Label lblAgentSys, lblAgentInfo, lblAgentLast;
+  ui::ListBox lstSystems;
+  ui::ControlArray<ui::OptionButton, 2> optClient;  ///< the Varnhold agent, the Tessmark agent
+
+  // Page 5, and 8.
+  ui::Frame frePath;
+  ui::Label lblPathSystems, lblPathInfo, lblPathLast;
+  ui::ListBox lstPathSystems;
+  ui::TextBox txtPathVHW, txtPathTKW;
+  ui::PictureBox picPolling;
+  ui::Label lblPollFreq{"Poll every:"}, lblStartTime{"Start time (HH:MM):"}, lblStartColon{":"};
+  ui::ComboBox cboPollFreq;  ///< `kPollFrequencies`
+  ui::TextBox txtStartHour{"00"}, txtStartMin{"00"};
+  ui::PictureBox picAccount;
+  ui::Label lblAccInfo, lblAccount{"Account:"}, lblPwd{"Password:"}, lblConfirmPwd{"Confirm password:"};
+  ui::TextBox txtAccount, txtPwd, txtConfirmPwd;
+  ui::CommandButton cmdEditAccount{"&Edit"};
+
+  // Page 5 of an upgrade.
+  ui::Frame freUpgradeOpts;
+  ui::Label lblUptOptInfo;
+  ui::OptionButton optWinDom{"Windows Domain Network"}, optOverIP{"Upgrade Over IP (Non Windows Domain)"};
+  ui::CheckBox chkUpgradeRemedialActionScripts{"Install default &Remedial Action EXEs on this system"};
+
+  // Page 6.
+  ui::Frame freConfig{"Apply configuration :"};
+  ui::ControlArray<ui::OptionButton, 2> optConfig;  ///< the default, a custom file
+  ui::TextBox txtTemplate;
+  ui::CommandButton cmdBrowse{"&Browse..."};
+  ui::Label lblConfig;
+
+  // Page 7.
+  ui::Frame freLogon{"Log on as:"};
+  ui::ControlArray<ui::OptionButton, 2> optAccounts;  ///< the local system, a named account
+  ui::Label lblUserName{"User name:"}, lblPassword{"Password:"}, lblConfirmPassword{"Confirm password:"};
+  ui::TextBox txtUserName, txtPassword, txtConfirmPassword;
+  ui::Label lblServiceAccount;
+
+  // Under every page.
+  ui::Label lblProgress;
+  ui::CommandButton cmdBack{"< &Back"}, cmdNext{"&Next >"}, cmdAdvanced{"&Advanced"}, cmdInstall,
+      cmdCancel{"&Cancel"};
+
+  /// The prompt for an account that engines show.
+  [[nodiscard]] frmLogin& login() { return login_; }
+
+ private:
+  void designPages();
+  void adoptControls();
+
+  core::Program& program_;
+  const ConsoleOfWizard console_;
+  frmLogin& login_;
+  frmRemedialActionHelp& remedialHelp_;
+};
+
+}  // namespace varnhold::deployment

@@ -74,6 +74,15 @@ typedef struct QrvSystemDetails {
 
 QRV_EXPORT QrvThread QRV_CALL qrvCInstall(QrvDeploymentJob* job, char* libraryPath);
 QRV_EXPORT QrvThread QRV_CALL qrvCUninstall(QrvDeploymentJob* job, char* libraryPath);
+/* Replaces the agent over the computer's administrative share; 700 is success. */
+QRV_EXPORT QrvThread QRV_CALL qrvCUpgradeAgent(QrvDeploymentJob* job, char* libraryPath);
+/* Replaces the agent through the running agent itself; 3000 is success. agentLibraryPath is the manager's
+ * "...\vhagent", without an ending. */
+QRV_EXPORT QrvThread QRV_CALL qrvCUpgradeAgentOverIP(char* agentLibraryPath, char* systemName,
+                                                     int32_t agentMode, int32_t osFlag, char* configFile,
+                                                     uint8_t remedialFlag, uint8_t useDefaultConfig);
+/* Asks the running agent for its version; 3000 when it is the manager's. */
+QRV_EXPORT QrvThread QRV_CALL qrvCVHCheckVersion(char* agentLibraryPath, char* systemName);
 
 /* 1 on success; writes vhsetup.ins into the library's folder. */
 QRV_EXPORT int32_t QRV_CALL qrvCCreateConfigurationFile(char* libraryPath, char* systemName,
@@ -87,6 +96,11 @@ QRV_EXPORT int32_t QRV_CALL qrvGetSystemIPAddress(char* systemName, char* addres
 QRV_EXPORT int32_t QRV_CALL qrvFindSystemAndReturnDetails(QrvSystemDetails* details);
 /* Non-zero on success; writes the row of System_Table. */
 QRV_EXPORT int32_t QRV_CALL qrvUpdateSystemDetailsInDB(QrvSystemDetails* details);
+/* Looks the system up on the network again and stores what it finds; systemName has kQrvSystemNameSize
+ * bytes. Whether it succeeded is not told. */
+QRV_EXPORT void QRV_CALL qrvNetOpGetSystem(char* systemName);
+/* Stops the service when it runs, and starts it; 0 means failure. */
+QRV_EXPORT int32_t QRV_CALL qrvRestartService(char* computer, char* service);
 /* Non-zero on success; path has kQrvFolderSize bytes. */
 QRV_EXPORT int32_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path);
 

@@ -60,6 +60,10 @@ class ClosedLibraries {
   /// job.
   [[nodiscard]] virtual ThreadHandle qrvCUpgradeAgentOverIP(const std::string& agentLibraryPath,
                                                             DeploymentJob& job) = 0;
+  /// Starts the thread that asks a computer's agent for its version; 0 when none was started. The name may
+  /// come back changed.
+  [[nodiscard]] virtual ThreadHandle qrvCVHCheckVersion(const std::string& agentLibraryPath,
+                                                        std::string& systemName) = 0;
 
   /// Writes `vhsetup.ins`; 1 on success.
   [[nodiscard]] virtual std::int32_t qrvCCreateConfigurationFile(const std::string& libraryPath,
@@ -78,6 +82,11 @@ class ClosedLibraries {
   [[nodiscard]] virtual bool qrvFindSystemAndReturnDetails(SystemDetails& details) = 0;
   /// Writes the row of `System_Table`; true on success.
   [[nodiscard]] virtual bool qrvUpdateSystemDetailsInDB(SystemDetails& details) = 0;
+  /// Refreshes what the inventory knows of the computer over the network. Nothing is told of a failure.
+  virtual void qrvNetOpGetSystem(const std::string& systemName) = 0;
+  /// Stops and starts a service of a computer; 0 means failure.
+  [[nodiscard]] virtual std::int32_t qrvRestartService(const std::string& computer,
+                                                       const std::string& service) = 0;
   /// The program-files folder of a remote computer, from its registry, in a buffer of 1024 characters, uncut;
   /// false when it cannot be read.
   [[nodiscard]] virtual bool qrvChkRmtRegNGetPrgFilePath(const std::string& computer, std::string& path) = 0;

@@ -14,10 +14,12 @@
 ///
 /// - its address is 10.1.1.11, its program files are in `C:\Program Files`;
 /// - its details are the name `HOST1.corp.example`, major version 6 and type 7, with empty texts;
-/// - a job for it starts a thread, and brings its `SystemName` back in capitals, in place.
+/// - a job for it starts a thread, and brings its `SystemName` back in capitals, in place;
+/// - its agent gives its version, and its service `Varnhold Agent` restarts.
 ///
-/// No other computer resolves, answers or takes a job. It keeps every discovery mode but 255, its enumeration
-/// of the network is a thread that ends with 1000, and of all addresses 10.1.1.11 alone belongs to 10.1.1.0.
+/// No other computer resolves, answers or takes a job, has an agent or a service. It keeps every discovery
+/// mode but 255, its enumeration of the network is a thread that ends with 1000, and of all
+/// addresses 10.1.1.11 alone belongs to 10.1.1.0.
 ///
 ///   INSTANTIATE_TYPED_TEST_SUITE_P(Posix, ClosedLibrariesContract, PosixLibrariesHost);
 namespace varnhold::contract {
@@ -126,6 +128,26 @@ TYPED_TEST_P(ClosedLibrariesContract, GivesNoThreadWhereNoneWasStarted) {
   EXPECT_EQ(this->libraries().qrvCUninstall(job, R"(C:\remins)"), 0u);
 }
 
+TYPED_TEST_P(ClosedLibrariesContract, StartsTheThreadThatAsksAnAgentForItsVersion) {
+  std::string name = "HOST1";
+  const auto thread = this->libraries().qrvCVHCheckVersion(R"(C:\Agent\vhagent)", name);
+  EXPECT_NE(thread, 0u);
+  EXPECT_EQ(name, "HOST1");
+  this->host_.close(thread);
+  name = "NOSUCH";
+  EXPECT_EQ(this->libraries().qrvCVHCheckVersion(R"(C:\Agent\vhagent)", name), 0u);
+}
+
+TYPED_TEST_P(ClosedLibrariesContract, SaysWhetherAServiceWasRestarted) {
+  EXPECT_NE(this->libraries().qrvRestartService("HOST1", "Varnhold Agent"), 0);
+  EXPECT_EQ(this->libraries().qrvRestartService("NOSUCH", "Varnhold Agent"), 0);
+}
+
+TYPED_TEST_P(ClosedLibrariesContract, TellsNothingOfARefreshThatFailed) {
+  EXPECT_NO_THROW(this->libraries().qrvNetOpGetSystem("HOST1"));
+  EXPECT_NO_THROW(this->libraries().qrvNetOpGetSystem("NOSUCH"));
+}
+
 TYPED_TEST_P(ClosedLibrariesContract, KeepsTheDiscoveryMode) {
   std::uint8_t mode = 42;
   ASSERT_NE(this->libraries().qrvSetNetAccessMode(1), 0);
@@ -180,7 +202,9 @@ REGISTER_TYPED_TEST_SUITE_P(ClosedLibrariesContract, GivesTheAddressInItsBufferU
                             SaysThatANameDoesNotResolve, BringsDetailsBackCutAtTheirFirstNul,
                             SaysThatAComputerDoesNotAnswer, GivesTheProgramFilesFolderInItsBufferUncut,
                             StartsAJobAndBringsItsStringsBack, GivesNoThreadWhereNoneWasStarted,
-                            KeepsTheDiscoveryMode, LeavesTheModeWhereNoneWasSaved, SaysThatAModeIsNotStored,
+                            StartsTheThreadThatAsksAnAgentForItsVersion, SaysWhetherAServiceWasRestarted,
+                            TellsNothingOfARefreshThatFailed, KeepsTheDiscoveryMode,
+                            LeavesTheModeWhereNoneWasSaved, SaysThatAModeIsNotStored,
                             GivesTheThreadThatWalksTheNetwork, AsksWhetherAnAddressBelongsToASubnet,
                             OpensAndClosesTheLibrarysConnection, RaisesWhenTheLibraryLacksTheFunction,
                             RaisesWhenTheLibraryIsMissing);

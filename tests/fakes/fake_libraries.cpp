@@ -1,5 +1,7 @@
 #include "tests/fakes/fake_libraries.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 
 namespace varnhold::fakes {
@@ -151,6 +153,34 @@ bool FakeClosedLibraries::qrvUpdateSystemDetailsInDB(SystemDetails& details) {
   journal_.push_back("qrvUpdateSystemDetailsInDB " + shown(details.SystemName) + answer(stored));
   if (stored && onStore) onStore(details);
   return stored;
+}
+
+ThreadHandle FakeClosedLibraries::qrvCVHCheckVersion(const std::string& agentLibraryPath,
+                                                     std::string& systemName) {
+  raiseIfTold("qrvCVHCheckVersion");
+  ThreadHandle handle = 0;
+  if (const auto* computer = find(systemName)) {
+    const auto& exits = computer->versionExits;
+    const auto exit = exits.at(std::min(versionChecks_[systemName]++, exits.size() - 1));
+    if (exit != FakeComputer::kNoThread) handle = threads_.start(exit, computer->polls);
+  }
+  journal_.push_back("qrvCVHCheckVersion " + shown(agentLibraryPath) + " " + shown(systemName) + " -> " +
+                     std::to_string(handle));
+  return handle;
+}
+
+void FakeClosedLibraries::qrvNetOpGetSystem(const std::string& systemName) {
+  raiseIfTold("qrvNetOpGetSystem");
+  journal_.push_back("qrvNetOpGetSystem " + shown(systemName));
+  if (onRefresh) onRefresh(systemName);
+}
+
+std::int32_t FakeClosedLibraries::qrvRestartService(const std::string& computer, const std::string& service) {
+  raiseIfTold("qrvRestartService");
+  const auto* found = find(computer);
+  const bool done = found != nullptr && found->restartsServices;
+  journal_.push_back("qrvRestartService " + shown(computer) + " " + shown(service) + answer(done));
+  return done ? 1 : 0;
 }
 
 bool FakeClosedLibraries::qrvChkRmtRegNGetPrgFilePath(const std::string& computer, std::string& path) {

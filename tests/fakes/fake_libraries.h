@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/runtime_error.h"
 #include "platform/closed_libraries.h"
@@ -22,7 +23,11 @@ struct FakeComputer {
   std::int32_t systemType = 7, osMajorVersion = 5;
   std::int32_t configurationResult = 1;  ///< of qrvCCreateConfigurationFile
   std::uint32_t installExit = 1150, uninstallExit = 1152, upgradeExit = 1700;
+  /// What each check of the version ends with, the last one again and again; `kNoThread` starts none.
+  std::vector<std::uint32_t> versionExits = {4000};
+  static constexpr std::uint32_t kNoThread = 0xFFFF'FFFF;
   bool startsThreads = true;
+  bool restartsServices = true;
   int polls = 0;  ///< how often a job is found still running
   std::optional<std::string> programFiles = R"(C:\Program Files)";  ///< nothing: the registry does not answer
 };
@@ -32,6 +37,9 @@ struct FakeComputer {
 /// and does not answer. Journal lines name the function, its arguments in order and the result:
 ///   qrvCInstall [SystemName=HOST1, InstallDirectory=C:\A, AgentMode=1] C:\I\remins -> 7
 ///   qrvGetSystemIPAddress HOST1 -> 1
+///   qrvCVHCheckVersion C:\A\vhagent HOST1 -> 7
+///   qrvNetOpGetSystem HOST1
+///   qrvRestartService HOST1 Varnhold Agent -> 1
 ///   qrvInitDbConnection
 ///   qrvNetworkEnum -> 7
 ///   qrvGetNetAccessMode -> 1 mode 0
@@ -58,6 +66,8 @@ class FakeClosedLibraries : public platform::ClosedLibraries {
   std::function<void(platform::DeploymentJob&)> onJob;
   /// Called when details are stored, to add the row to an inventory.
   std::function<void(const platform::SystemDetails&)> onStore;
+  /// Called when a computer is refreshed, to change its row.
+  std::function<void(const std::string& systemName)> onRefresh;
 
   platform::ThreadHandle qrvCInstall(platform::DeploymentJob& job, const std::string& libraryPath) override;
   platform::ThreadHandle qrvCUninstall(platform::DeploymentJob& job, const std::string& libraryPath) override;
@@ -72,6 +82,10 @@ class FakeClosedLibraries : public platform::ClosedLibraries {
   bool qrvGetSystemIPAddress(std::string& systemName, std::string& address) override;
   bool qrvFindSystemAndReturnDetails(platform::SystemDetails& details) override;
   bool qrvUpdateSystemDetailsInDB(platform::SystemDetails& details) override;
+  platform::ThreadHandle qrvCVHCheckVersion(const std::string& agentLibraryPath,
+                                            std::string& systemName) override;
+  void qrvNetOpGetSystem(const std::string& systemName) override;
+  std::int32_t qrvRestartService(const std::string& computer, const std::string& service) override;
   bool qrvChkRmtRegNGetPrgFilePath(const std::string& computer, std::string& path) override;
   void qrvInitDbConnection() override;
   void qrvCloseDbConnection() override;
@@ -88,6 +102,7 @@ class FakeClosedLibraries : public platform::ClosedLibraries {
 
   Journal& journal_;
   FakeThreads& threads_;
+  std::map<std::string, std::size_t> versionChecks_;  ///< how many there were, by name
 };
 
 }  // namespace varnhold::fakes

@@ -6,9 +6,8 @@
 namespace varnhold::platform::posix {
 namespace {
 
-using StartJob = QrvThread QRV_CALL(QrvDeploymentJob*, char*);
-using UpgradeOverIp = QrvThread QRV_CALL(char*, char*, std::int32_t, std::int32_t, char*, std::uint8_t,
-                                         std::uint8_t);
+/// What qrvCInstall, qrvCUninstall and qrvCUpgradeAgent are.
+using StartJob = decltype(::qrvCInstall);
 
 ThreadHandle handleOf(QrvThread thread) {
   return reinterpret_cast<ThreadHandle>(thread);
@@ -31,7 +30,7 @@ class CompanionClosedLibraries : public ClosedLibraries {
   }
 
   ThreadHandle qrvCUpgradeAgentOverIP(const std::string& agentLibraryPath, DeploymentJob& job) override {
-    const auto upgrade = companion_.function<UpgradeOverIp>("qrvCUpgradeAgentOverIP");
+    const auto upgrade = companion_.function<decltype(::qrvCUpgradeAgentOverIP)>("qrvCUpgradeAgentOverIP");
     TextBuffer path(agentLibraryPath), name(job.SystemName, kQrvSystemNameSize), config(job.ConfigFile);
     const auto thread = handleOf(upgrade(path.data(), name.data(), job.AgentMode, job.OSFlag, config.data(),
                                          job.RemedialFlag, job.UseDefaultConfig));
@@ -78,6 +77,26 @@ class CompanionClosedLibraries : public ClosedLibraries {
     const auto store =
         companion_.function<decltype(::qrvUpdateSystemDetailsInDB)>("qrvUpdateSystemDetailsInDB");
     return exchange(store, details);
+  }
+
+  ThreadHandle qrvCVHCheckVersion(const std::string& agentLibraryPath, std::string& systemName) override {
+    const auto check = companion_.function<decltype(::qrvCVHCheckVersion)>("qrvCVHCheckVersion");
+    TextBuffer path(agentLibraryPath), name(systemName, kQrvSystemNameSize);
+    const auto thread = handleOf(check(path.data(), name.data()));
+    systemName = name.text();
+    return thread;
+  }
+
+  void qrvNetOpGetSystem(const std::string& systemName) override {
+    const auto refresh = companion_.function<decltype(::qrvNetOpGetSystem)>("qrvNetOpGetSystem");
+    TextBuffer name(systemName, kQrvSystemNameSize);
+    refresh(name.data());
+  }
+
+  std::int32_t qrvRestartService(const std::string& computer, const std::string& service) override {
+    const auto restart = companion_.function<decltype(::qrvRestartService)>("qrvRestartService");
+    TextBuffer machine(computer, kQrvSystemNameSize), name(service);
+    return restart(machine.data(), name.data());
   }
 
   bool qrvChkRmtRegNGetPrgFilePath(const std::string& computer, std::string& path) override {

@@ -1,7 +1,5 @@
 #include "platform/closed_libraries.h"
 
-#include <type_traits>
-
 #include "companion/include/qrvutil.h"
 #include "platform/windows/adapters.h"
 #include "platform/windows/ansi_buffer.h"
@@ -11,13 +9,8 @@
 namespace varnhold::platform::windows {
 namespace {
 
-/// What qrvCInstall, qrvCUninstall and qrvCUpgradeAgent are. A vendor's library has upgrades; ours does not
-/// yet.
-using StartJob = QrvThread QRV_CALL(QrvDeploymentJob* job, char* libraryPath);
-static_assert(std::is_same_v<StartJob, decltype(::qrvCInstall)>);
-using UpgradeAgentOverIP = QrvThread QRV_CALL(char* agentLibraryPath, char* systemName,
-                                              std::int32_t agentMode, std::int32_t osFlag, char* configFile,
-                                              std::uint8_t remedialFlag, std::uint8_t useDefaultConfig);
+/// What qrvCInstall, qrvCUninstall and qrvCUpgradeAgent are.
+using StartJob = decltype(::qrvCInstall);
 
 ThreadHandle handleOf(QrvThread thread) {
   return reinterpret_cast<ThreadHandle>(thread);
@@ -43,7 +36,7 @@ class WindowsClosedLibraries : public ClosedLibraries {
   }
 
   ThreadHandle qrvCUpgradeAgentOverIP(const std::string& agentLibraryPath, DeploymentJob& job) override {
-    auto* const call = qrvUtil_.function<UpgradeAgentOverIP>("qrvCUpgradeAgentOverIP");
+    auto* const call = qrvUtil_.function<decltype(::qrvCUpgradeAgentOverIP)>("qrvCUpgradeAgentOverIP");
     auto path = given(agentLibraryPath);
     auto name = given(job.SystemName);
     auto config = given(job.ConfigFile);
@@ -95,6 +88,28 @@ class WindowsClosedLibraries : public ClosedLibraries {
   bool qrvUpdateSystemDetailsInDB(SystemDetails& details) override {
     return passDetails(
         qrvUtil_.function<decltype(::qrvUpdateSystemDetailsInDB)>("qrvUpdateSystemDetailsInDB"), details);
+  }
+
+  ThreadHandle qrvCVHCheckVersion(const std::string& agentLibraryPath, std::string& systemName) override {
+    auto* const call = qrvUtil_.function<decltype(::qrvCVHCheckVersion)>("qrvCVHCheckVersion");
+    auto path = given(agentLibraryPath);
+    auto name = given(systemName);
+    auto* const thread = call(path.data(), name.data());
+    name.readBack(systemName);
+    return handleOf(thread);
+  }
+
+  void qrvNetOpGetSystem(const std::string& systemName) override {
+    auto* const call = qrvUtil_.function<decltype(::qrvNetOpGetSystem)>("qrvNetOpGetSystem");
+    auto name = given(systemName);
+    call(name.data());
+  }
+
+  std::int32_t qrvRestartService(const std::string& computer, const std::string& service) override {
+    auto* const call = qrvUtil_.function<decltype(::qrvRestartService)>("qrvRestartService");
+    auto machine = given(computer);
+    auto name = given(service);
+    return call(machine.data(), name.data());
   }
 
   bool qrvChkRmtRegNGetPrgFilePath(const std::string& computer, std::string& path) override {

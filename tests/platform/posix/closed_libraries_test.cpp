@@ -61,6 +61,15 @@ TEST_F(PosixClosedLibraries, BringsNamesBackThatGrew) {
   EXPECT_EQ(name, std::string(255, 'N'));
 }
 
+TEST_F(PosixClosedLibraries, PassesTheCallsAroundAnUpgradeTheirArguments) {
+  std::string name = "HOST1";
+  threads_->closeHandle(libraries_->qrvCVHCheckVersion(R"(C:\I\vhagent)", name));
+  libraries_->qrvNetOpGetSystem("HOST2");
+  EXPECT_EQ(libraries_->qrvRestartService("HOST1", "Varnhold Agent"), -1);
+  EXPECT_EQ(standinCalls(*standin_),
+            "version|C:\\I\\vhagent|HOST1\nrefresh|HOST2\nrestart|HOST1|Varnhold Agent\n");
+}
+
 TEST_F(PosixClosedLibraries, TellsAnEditedIniFileByAnyResultButZero) {
   EXPECT_TRUE(libraries_->qrvCReadNWriteVhaConfigINI4Turbo("L", "F", "I", 5));
   EXPECT_FALSE(libraries_->qrvCReadNWriteVhaConfigINI4Turbo("L", "F", "I", 1));

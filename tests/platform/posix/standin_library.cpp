@@ -84,13 +84,10 @@ QrvThread qrvCUninstall(QrvDeploymentJob* job, char* libraryPath) {
   return startJob("uninstall", job, libraryPath);
 }
 
-extern "C" QRV_EXPORT QrvThread qrvCUpgradeAgent(QrvDeploymentJob* job, char* libraryPath);
 QrvThread qrvCUpgradeAgent(QrvDeploymentJob* job, char* libraryPath) {
   return startJob("upgrade", job, libraryPath);
 }
 
-extern "C" QRV_EXPORT QrvThread qrvCUpgradeAgentOverIP(char* path, char* name, int32_t mode, int32_t flag,
-                                                       char* config, uint8_t remedial, uint8_t byDefault);
 QrvThread qrvCUpgradeAgentOverIP(char* path, char* name, int32_t mode, int32_t flag, char* config,
                                  uint8_t remedial, uint8_t byDefault) {
   note(std::string("upgrade over IP|") + path + "|" + name + "|" + std::to_string(mode) + "|" +
@@ -151,6 +148,20 @@ int32_t qrvUpdateSystemDetailsInDB(QrvSystemDetails* details) {
        std::to_string(details->OSMajorVersion) + "|" + std::to_string(details->DetailsReserved2) + "|" +
        std::to_string(details->SystemType) + "|" + details->DetailsText1 + "|" + details->DetailsText2);
   return isHost1(details->SystemName) ? 1 : 0;
+}
+
+QrvThread qrvCVHCheckVersion(char* agentLibraryPath, char* systemName) {
+  note(std::string("version|") + agentLibraryPath + "|" + systemName);
+  return isHost1(systemName) ? standinStartThread(4000) : nullptr;
+}
+
+void qrvNetOpGetSystem(char* systemName) {
+  note(std::string("refresh|") + systemName);
+}
+
+int32_t qrvRestartService(char* computer, char* service) {
+  note(std::string("restart|") + computer + "|" + service);
+  return isHost1(computer) ? -1 : 0;
 }
 
 int32_t qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {

@@ -86,6 +86,8 @@ TEST_F(WindowsClosedLibrariesTest, UpgradesReachAVendorsLibrary) {
   job.OSFlag = 6;
   job.RemedialFlag = 1;
   EXPECT_EQ(exitCodeOf(libraries_->qrvCUpgradeAgentOverIP(R"(C:\Agent\vhagent)", job)), 1150u);
+  std::string name = "HOST1";
+  EXPECT_EQ(exitCodeOf(libraries_->qrvCVHCheckVersion(R"(C:\Agent\vhagent)", name)), 4000u);
 }
 
 TEST_F(WindowsClosedLibrariesTest, ANameMayComeBackLonger) {

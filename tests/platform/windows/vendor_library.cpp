@@ -8,13 +8,6 @@
 
 #include "companion/include/qrvutil.h"
 
-extern "C" {
-QRV_EXPORT QrvThread QRV_CALL qrvCUpgradeAgent(QrvDeploymentJob* job, char* libraryPath);
-QRV_EXPORT QrvThread QRV_CALL qrvCUpgradeAgentOverIP(char* agentLibraryPath, char* systemName,
-                                                     int32_t agentMode, int32_t osFlag, char* configFile,
-                                                     uint8_t remedialFlag, uint8_t useDefaultConfig);
-}
-
 namespace {
 
 std::string number(long value) {
@@ -141,6 +134,17 @@ int32_t QRV_CALL qrvFindSystemAndReturnDetails(QrvSystemDetails* details) {
   details->OSMajorVersion = 6;
   details->SystemType = 7;
   return 1;
+}
+
+QrvThread QRV_CALL qrvCVHCheckVersion(char* agentLibraryPath, char* systemName) {
+  if (!isHost1(systemName)) return nullptr;
+  return startThread(std::strcmp(agentLibraryPath, "C:\\Agent\\vhagent") == 0 ? 4000 : 1000);
+}
+
+void QRV_CALL qrvNetOpGetSystem(char*) {}
+
+int32_t QRV_CALL qrvRestartService(char* computer, char* service) {
+  return isHost1(computer) && std::strcmp(service, "Varnhold Agent") == 0 ? -1 : 0;
 }
 
 int32_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {

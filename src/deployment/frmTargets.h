@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "deployment/agent_polling.h"
 #include "ui/controls/check_box.h"
 #include "ui/controls/combo_box.h"
 #include "ui/controls/command_button.h"
@@ -124,14 +125,29 @@ class frmTargets : public ui::Form {
   /// The prompt for an account that engines show.
   [[nodiscard]] frmLogin& login() { return login_; }
 
+  /// Gives the columns of the three lists their widths; all else is laid out by the view.
+  void SizefrmControls();
+  /// Asks whether remedial actions are really wanted: 6 for yes, 7 for anything else.
+  [[nodiscard]] std::int32_t ShowRemedialDialogBox();
+  /// Writes the agentless options to the registry; see the function of that name.
+  void SavePollingSettings();
+
  private:
   void designPages();
   void adoptControls();
+
+  void Form_Load() override;
+  void Form_QueryUnload(int& cancel, ui::UnloadMode mode) override;
+  void Form_Unload() override;
+  void Form_Resize() override;
+
+  [[nodiscard]] PollingControls pollingControls() const;
 
   core::Program& program_;
   const ConsoleOfWizard console_;
   frmLogin& login_;
   frmRemedialActionHelp& remedialHelp_;
+  bool Activated = false;  ///< the form has been activated since it was loaded
 };
 
 }  // namespace varnhold::deployment

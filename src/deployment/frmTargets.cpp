@@ -36,11 +36,13 @@ void frmTargets::Form_Load() {
   OptAgentless.Value = false;
   // The wizard opens without the closed library too; its engines say what is missing.
   const ResumeNext resume;
+  LocalOSMajor = 0;
   resume.step([this] { writeConfigIPAddr(program_.host); });
   resume.step([this] {
     platform::SystemDetails thisComputer;
     thisComputer.SystemName = program_.gLocalName;
     (void)program_.host.libraries.qrvFindSystemAndReturnDetails(thisComputer);
+    LocalOSMajor = thisComputer.OSMajorVersion;
   });
 }
 

@@ -59,6 +59,9 @@ class frmTargets : public ui::Form {
   bool RunBusy = false;        ///< an engine is running
   bool StopRequested = false;  ///< the operator asked to stop
 
+  /// The major version of this computer's operating system, found out as the form loads; 0 where that failed.
+  std::int32_t LocalOSMajor = 0;
+
   // Pages 1 and 2, and the run screen.
   ui::Frame freMain;
   ui::Label lblInfo;

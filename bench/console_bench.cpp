@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "bench/large_inventory.h"
 #include "console/forms.h"
-#include "store/bulk_insert.h"
 #include "tests/fakes/fake_host.h"
 #include "tests/fakes/scripted_ui.h"
 #include "tests/fakes/test_inventory.h"
@@ -26,34 +26,6 @@ using namespace varnhold;
 
 constexpr double kFetchLimit = 2.0, kGrowthLimit = 12.0;
 constexpr int kRounds = 7;
-
-std::string nameOf(int number) {
-  return "COMPUTER" + std::to_string(1000000 + number);
-}
-
-void fill(int computers) {
-  store::Connection connection;
-  connection.Open("qrvdb", "", "");
-  store::Transaction whole(connection);
-  store::BulkInsert systems(connection, "System_Table",
-                            {"System_Name", "System_Type", "IP_Address", "System_Description"});
-  for (int i = 0; i < computers; ++i) {
-    systems.add({nameOf(i), 4 + i % 5, "10.1." + std::to_string(i % 256) + ".7",
-                 i % 4 == 0 ? "Mail server of the branch office, second floor" : ""});
-  }
-  systems.finish();
-  store::BulkInsert agents(
-      connection, "Module_Table",
-      {"System_Name", "Module_ID", "Install_Directory", "Manual", "Agentless", "Port", "SystemType"});
-  for (int i = 0; i < computers; ++i) {
-    // In no order of names, and a part of them without a port.
-    const int number = static_cast<int>((static_cast<long long>(i) * 7919) % computers);
-    agents.add({nameOf(number), 1 + i % 2, R"(C:\Program Files\Kelmont Works\Varnhold)", 0, 0,
-                i % 3 == 0 ? store::Value() : store::Value(32001), i % 2});
-  }
-  agents.finish();
-  whole.commit();
-}
 
 /// ODBC and nothing else: blocks of rows into bound columns of the schema's widths.
 class BareFetch {
@@ -127,7 +99,7 @@ struct Times {
 
 Times measure(int computers) {
   const fakes::TestInventory inventory;
-  fill(computers);
+  bench::fillInventory(computers);
   const auto expected = static_cast<std::size_t>(computers);
   BareFetch bare;
   const double fetch = bestOf([&] {

@@ -7,9 +7,15 @@ import unittest
 import pyatspi
 
 import desktop
+from desktop import windows_of
 from stage import CHANGES_TITLE, EXPECTED_ROWS, MANAGER_TITLE, Console, Home
 
 ALL = [row[0] for row in EXPECTED_ROWS]
+
+
+def kill(process):
+    process.kill()
+    process.wait()
 
 
 class ConsoleTest(unittest.TestCase):
@@ -236,11 +242,35 @@ class StartingAndEnding(ConsoleTest):
         self.assertEqual(self.home.start().wait(timeout=30), 0)
         self.assertIsNone(console.process.poll())
 
+    def test_a_second_start_while_the_first_is_starting_says_so_and_ends(self):
+        with self.home.held_inventory():
+            first = self.home.start()
+            self.addCleanup(kill, first)
+            desktop.wait_for("the splash", lambda: windows_of(first))
+            second = self.home.start()
+            self.addCleanup(kill, second)
+            box = desktop.Application(second).window(MANAGER_TITLE.strip())
+            self.assertIn("Please switch to it manually", " ".join(thing.name for thing in desktop.walk(box) if thing.name))
+            desktop.key("Return")
+            self.assertEqual(second.wait(timeout=30), 0)
+        desktop.Application(first).window(MANAGER_TITLE)
+
     def test_both_products_run_at_once(self):
         manager = self.started()
         changes = self.start(program="TessmarkAgentManager", title=CHANGES_TITLE)
         changes.wait_for_rows(ALL)
         self.assertIsNone(manager.process.poll())
+
+
+class Leaving(ConsoleTest):
+    discovery = "automatic"
+
+    def test_waits_for_an_enumeration_that_never_ends_and_then_ends_it(self):
+        self.home.add_computer("SLEEPER", "[host]\naddress = 10.1.1.99\ntype = 7\n[delay_ms]\ndiscovery = never\n")
+        console = self.started()
+        desktop.key("alt+F4")
+        console.application.window(MANAGER_TITLE.strip())
+        self.assertEqual(console.wait_for_end(60), 0)
 
 
 class Faults(ConsoleTest):

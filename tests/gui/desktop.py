@@ -79,6 +79,13 @@ def screenshot(path, window=None):
     subprocess.run(["import", "-window", window or "root", path], check=True)
 
 
+def windows_of(process):
+    """The numbers of the windows that the process shows."""
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(process.pid)],
+                           capture_output=True, text=True)
+    return found.stdout.split()
+
+
 class Application:
     """A program on the desktop, found by its process."""
 

@@ -16,16 +16,9 @@ from stage import CHANGES_TITLE, MANAGER_TITLE, Console, Home
 FOLDER = pathlib.Path(sys.argv[1])
 
 
-def windows_of(process):
-    """The numbers of the windows that the process shows."""
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(process.pid)],
-                           capture_output=True, text=True)
-    return found.stdout.split()
-
-
 def take(name, title, process):
     """The window of that title, as its frame has it, once it has come to rest."""
-    number = desktop.wait_for(title, lambda: next((n for n in windows_of(process) if title_of(n) == title), None))
+    number = desktop.wait_for(title, lambda: next((n for n in desktop.windows_of(process) if title_of(n) == title), None))
     time.sleep(0.7)
     desktop.screenshot(FOLDER / f"{name}.png", number)
 
@@ -36,24 +29,19 @@ def title_of(number):
 
 def take_splash(name, home, program):
     """A splash lasts as long as the inventory takes to open: a while, when another program holds it."""
-    holder = home.connect()
-    holder.execute("PRAGMA locking_mode = EXCLUSIVE")
-    holder.execute("BEGIN EXCLUSIVE")
-    process = home.start(program)
-    number = desktop.wait_for("the splash", lambda: windows_of(process))[-1]
-    time.sleep(0.7)
-    desktop.screenshot(FOLDER / f"{name}.png", number)
-    process.kill()
-    process.wait()
-    holder.close()
+    with home.held_inventory():
+        process = home.start(program)
+        number = desktop.wait_for("the splash", lambda: desktop.windows_of(process))[-1]
+        time.sleep(0.7)
+        desktop.screenshot(FOLDER / f"{name}.png", number)
+        process.kill()
+        process.wait()
 
 
 def lab_home():
     home = Home("first start")
-    lab = home.path / "lab" / "SLEEPER"
-    lab.mkdir(parents=True)
     # The enumeration never comes to its end, so that closing has something to wait for.
-    (lab / "host.ini").write_text("[host]\naddress = 10.1.1.99\ntype = 7\n[delay_ms]\ndiscovery = never\n")
+    home.add_computer("SLEEPER", "[host]\naddress = 10.1.1.99\ntype = 7\n[delay_ms]\ndiscovery = never\n")
     return home
 
 

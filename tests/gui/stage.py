@@ -79,6 +79,20 @@ class Home:
         with contextlib.closing(self.connect()) as connection, connection:
             yield connection
 
+    @contextlib.contextmanager
+    def held_inventory(self):
+        """While it lasts, no program can open the inventory."""
+        with contextlib.closing(self.connect()) as holder:
+            holder.execute("PRAGMA locking_mode = EXCLUSIVE")
+            holder.execute("BEGIN EXCLUSIVE")
+            yield
+
+    def add_computer(self, name, host_ini):
+        """A computer of the lab, which nobody knows yet."""
+        folder = self.path / "lab" / name
+        folder.mkdir(parents=True)
+        (folder / "host.ini").write_text(host_ini)
+
     def _set_discovery(self, discovery):
         """`first start` leaves the mode unsaved."""
         if discovery == "first start":

@@ -1,6 +1,9 @@
 # shellcheck shell=bash
 # The distribution's packages, by what they are for. Sourced, not run.
-packages_build=(g++ cmake ninja-build ccache unixodbc-dev odbcinst libsqliteodbc sqlite3 libwxgtk3.2-dev)
+packages_build=(
+  g++ cmake ninja-build ccache unixodbc-dev odbcinst libsqliteodbc sqlite3 libwxgtk3.2-dev
+  libkrb5-dev gss-ntlmssp  # the check of a typed account
+)
 packages_test=(
   libgtest-dev googletest libbenchmark-dev                       # test and benchmark frameworks
   odbc-postgresql odbc-mariadb postgresql mariadb-server         # the other inventories, started by the tests

@@ -26,6 +26,20 @@ QRV_EXPORT uint32_t qrvHostOpenService(const char* machine, const char* service)
 QRV_EXPORT uint32_t qrvHostControlService(const char* machine, const char* service, uint32_t control);
 /* StartService; 1056 when it runs already. */
 QRV_EXPORT uint32_t qrvHostStartService(const char* machine, const char* service);
+/* QueryServiceConfig, of which the account that the service logs on with is told: account has size bytes, and
+ * needed comes back as the bytes that it takes with its NUL. 122 when size is too small, with nothing
+ * written. */
+QRV_EXPORT uint32_t qrvHostQueryServiceAccount(const char* machine, const char* service, char* account,
+                                               uint32_t size, uint32_t* needed);
+/* ChangeServiceConfig, of which the account and its password are changed; 1057 when that is no account of the
+ * computer, or the password is not its own. */
+QRV_EXPORT uint32_t qrvHostChangeServiceAccount(const char* machine, const char* service, const char* account,
+                                                const char* password);
+/* LookupAccountName on the computer ("NAME" or "\\NAME", empty for this one): the account's binary SID and its
+ * domain, NUL included. The sizes come in as room and go out as what was used; where either is too small, 122
+ * with nothing written and the sizes as needed. 1332 when there is no such account. */
+QRV_EXPORT uint32_t qrvHostLookupAccountName(const char* machine, const char* account, uint8_t* sid,
+                                             uint32_t* sidSize, char* domain, uint32_t* domainSize);
 /* Can the event log be opened? */
 QRV_EXPORT uint32_t qrvHostOpenEventLog(const char* machine, const char* log);
 /* "net use \\HOST\C$ password /USER:account": what the host's network would be asked. */

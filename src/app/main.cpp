@@ -20,7 +20,9 @@ core::Host hostOf(platform::HostAdapters& adapters, platform::Ui& ui) {
           adapters.processes(), adapters.threads(),
           adapters.clock(),     adapters.environment(),
           adapters.libraries(), ui,
-          adapters.desktop()};
+          adapters.desktop(),   adapters.accounts(),
+          adapters.security(),  adapters.secur32(),
+          adapters.heap()};
 }
 
 /// The console, on a screen.

@@ -2,14 +2,17 @@
 
 #include <string>
 
+#include "platform/accounts.h"
 #include "platform/clock.h"
 #include "platform/closed_libraries.h"
 #include "platform/desktop.h"
 #include "platform/environment.h"
 #include "platform/event_log.h"
 #include "platform/files.h"
+#include "platform/heap.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
+#include "platform/security_package.h"
 #include "platform/service_control.h"
 #include "platform/threads.h"
 #include "platform/ui.h"
@@ -33,6 +36,10 @@ struct Host {
   platform::ClosedLibraries& libraries;
   platform::Ui& ui;
   platform::Desktop& desktop;
+  platform::Accounts& accounts;
+  platform::SecurityPackage& security;  ///< the library of that name, where `gUseSecurityDll` is set
+  platform::SecurityPackage& secur32;
+  platform::Heap& heap;
 };
 
 /// What lives as long as the process. Built once by `app` and passed by reference; main thread only.
@@ -65,7 +72,8 @@ struct Program {
   platform::ThreadHandle gEnumThread = 0, gDomainThread = 0, gSubnetThread = 0, gSpareThread = 0;
   std::int32_t gCliAction = 0;                           ///< command-line installer: 1 install, 2 uninstall
   std::string gLoginDomain, gLoginUser, gLoginPassword;  ///< the account that the operator logged in with
-  bool gLoginOK = false;  ///< the last prompt for it was answered; read by no one, deliberately
+  bool gUseSecurityDll = false;  ///< accounts are checked by the library `security`, not `secur32`
+  bool gLoginOK = false;         ///< the last prompt for it was answered; read by no one, deliberately
 };
 
 }  // namespace varnhold::core

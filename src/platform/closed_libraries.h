@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/threads.h"
 
@@ -106,6 +107,11 @@ class ClosedLibraries {
   /// value; an empty address gives 0.
   [[nodiscard]] virtual std::int32_t qrvCheckIfBelongsToSubnet(const std::string& address,
                                                                const std::string& subnet) = 0;
+
+  /// Of the library `VhwLogonCtrl`: gives the account of that SID the service logon right on the computer, an
+  /// empty name being this one; 0 when it holds it now.
+  [[nodiscard]] virtual std::int32_t fnLogRight(const std::u16string& system,
+                                                std::vector<std::uint8_t>& sid) = 0;
 };
 
 }  // namespace varnhold::platform

@@ -4,14 +4,17 @@
 #include <optional>
 #include <string>
 
+#include "platform/accounts.h"
 #include "platform/clock.h"
 #include "platform/closed_libraries.h"
 #include "platform/desktop.h"
 #include "platform/environment.h"
 #include "platform/event_log.h"
 #include "platform/files.h"
+#include "platform/heap.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
+#include "platform/security_package.h"
 #include "platform/service_control.h"
 #include "platform/threads.h"
 #include "platform/ui.h"
@@ -42,6 +45,11 @@ class HostAdapters {
   virtual Environment& environment() = 0;
   virtual ClosedLibraries& libraries() = 0;
   virtual Desktop& desktop() = 0;
+  virtual Accounts& accounts() = 0;
+  /// The libraries `security` and `secur32`. A host that has one such library gives it as both.
+  virtual SecurityPackage& security() = 0;
+  virtual SecurityPackage& secur32() = 0;
+  virtual Heap& heap() = 0;
   /// Writes messages to standard error and never waits: for runs without a person.
   virtual Ui& unattendedUi() = 0;
 };

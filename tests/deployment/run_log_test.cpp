@@ -82,7 +82,8 @@ TEST_F(RunLog, ResetRaisesWhatKeepsAFileFromBeingDeleted) {
   UndeletableFiles files(fake.journal);
   const auto host = fake.host();
   core::Program stuck({host.registry, host.services, host.eventLog, files, host.processes, host.threads,
-                       host.clock, host.environment, host.libraries, host.ui, host.desktop},
+                       host.clock, host.environment, host.libraries, host.ui, host.desktop, host.accounts,
+                       host.security, host.secur32, host.heap},
                       core::kManagerTitle);
   stuck.gAppPath = R"(C:\App)";
   const auto error = errorOf([&] { ResetDeploymentLog(stuck); });

@@ -1,8 +1,11 @@
 #include "tests/fakes/fake_libraries.h"
 
 #include <algorithm>
+#include <iomanip>
+#include <sstream>
 
 #include "base/text.h"
+#include "base/unicode.h"
 
 namespace varnhold::fakes {
 namespace {
@@ -236,6 +239,16 @@ std::int32_t FakeClosedLibraries::qrvCheckIfBelongsToSubnet(const std::string& a
       belongs ? belongs(address, subnet) : !address.empty() && network(address) == network(subnet);
   journal_.push_back("qrvCheckIfBelongsToSubnet " + shown(address) + " " + shown(subnet) + answer(isIn));
   return isIn ? 1 : 0;
+}
+
+std::int32_t FakeClosedLibraries::fnLogRight(const std::u16string& system, std::vector<std::uint8_t>& sid) {
+  raiseIfTold("fnLogRight");
+  std::ostringstream line;
+  line << "fnLogRight " << fromUtf16(system) << std::hex << std::setfill('0');
+  for (const int byte : sid) line << ' ' << std::setw(2) << byte;
+  line << std::dec << " -> " << logRightResult;
+  journal_.push_back(line.str());
+  return logRightResult;
 }
 
 }  // namespace varnhold::fakes

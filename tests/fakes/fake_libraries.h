@@ -45,6 +45,7 @@ struct FakeComputer {
 ///   qrvGetNetAccessMode -> 1 mode 0
 ///   qrvSetNetAccessMode 1 -> 1
 ///   qrvCheckIfBelongsToSubnet 10.1.1.1 10.1.1.0 -> 1
+///   fnLogRight HOST1 01 05 -> 0
 /// The job stands with its fields that are neither empty nor 0, in the record's order.
 class FakeClosedLibraries : public platform::ClosedLibraries {
  public:
@@ -61,6 +62,7 @@ class FakeClosedLibraries : public platform::ClosedLibraries {
   /// The answer of qrvCheckIfBelongsToSubnet; without one, an address belongs to "a.b.c.0" when its first
   /// three parts are the subnet's.
   std::function<bool(const std::string& address, const std::string& subnet)> belongs;
+  std::int32_t logRightResult = 0;               ///< of fnLogRight
   std::map<std::string, RuntimeError> failures;  ///< raised by the function of that name
   /// Called with a job inside the function that starts it, to change its strings.
   std::function<void(platform::DeploymentJob&)> onJob;
@@ -93,6 +95,7 @@ class FakeClosedLibraries : public platform::ClosedLibraries {
   std::int16_t qrvGetNetAccessMode(std::uint8_t& mode) override;
   std::int16_t qrvSetNetAccessMode(std::uint8_t mode) override;
   std::int32_t qrvCheckIfBelongsToSubnet(const std::string& address, const std::string& subnet) override;
+  std::int32_t fnLogRight(const std::u16string& system, std::vector<std::uint8_t>& sid) override;
 
  private:
   [[nodiscard]] const FakeComputer* find(std::string_view name) const;

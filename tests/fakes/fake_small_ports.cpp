@@ -1,5 +1,7 @@
 #include "tests/fakes/fake_small_ports.h"
 
+#include <sstream>
+
 namespace varnhold::fakes {
 
 void FakeClock::sleep(std::uint32_t milliseconds) {
@@ -19,6 +21,12 @@ std::optional<std::string> FakeEnvironment::getComputerName() {
   return computerName;
 }
 
+platform::OsVersion FakeEnvironment::getVersionEx() {
+  journal_.push_back("GetVersionEx -> " + std::to_string(version.majorVersion) + " platform " +
+                     std::to_string(version.platformId));
+  return version;
+}
+
 int FakeProcesses::shellExecute(const std::string& verb, const std::string& file,
                                 const std::string& parameters, platform::ShowState show) {
   const auto own = resultOf.find(file);
@@ -27,6 +35,52 @@ int FakeProcesses::shellExecute(const std::string& verb, const std::string& file
                      (parameters.empty() ? "" : " " + shown(parameters)) + " show " +
                      std::to_string(static_cast<int>(show)) + " -> " + std::to_string(told));
   return told;
+}
+
+std::uint32_t FakeProcesses::start(const std::string& line, std::uint32_t creationFlags,
+                                   const std::string& currentDirectory,
+                                   platform::ProcessInformation& information) {
+  std::ostringstream text;
+  text << line << " 0x" << std::hex << creationFlags << std::dec << ' ' << currentDirectory << " -> "
+       << createError;
+  journal_.push_back(text.str());
+  if (createError == 0) information = kStarted;
+  return createError;
+}
+
+std::uint32_t FakeProcesses::createProcessWithLogon(const std::string& user, const std::string& domain,
+                                                    const std::string& givenPassword,
+                                                    std::uint32_t logonFlags, const std::string& commandLine,
+                                                    std::uint32_t creationFlags,
+                                                    const std::string& currentDirectory,
+                                                    platform::ProcessInformation& information) {
+  password = givenPassword;
+  return start(
+      "CreateProcessWithLogon " + domain + "\\" + user + " " + std::to_string(logonFlags) + " " + commandLine,
+      creationFlags, currentDirectory, information);
+}
+
+std::uint32_t FakeProcesses::logonUser(const std::string& user, const std::string& domain,
+                                       const std::string& givenPassword, std::uint32_t logonType,
+                                       std::uint32_t logonProvider, platform::TokenHandle& token) {
+  password = givenPassword;
+  if (logonError == 0) token = 1;
+  journal_.push_back("LogonUser " + domain + "\\" + user + " " + std::to_string(logonType) + " " +
+                     std::to_string(logonProvider) + " -> " + std::to_string(logonError) +
+                     (logonError == 0 ? ", token 1" : ""));
+  return logonError;
+}
+
+std::uint32_t FakeProcesses::createProcessAsUser(platform::TokenHandle token, const std::string& commandLine,
+                                                 std::uint32_t creationFlags,
+                                                 const std::string& currentDirectory,
+                                                 platform::ProcessInformation& information) {
+  return start("CreateProcessAsUser " + std::to_string(token) + " " + commandLine, creationFlags,
+               currentDirectory, information);
+}
+
+void FakeProcesses::closeHandle(platform::TokenHandle token) {
+  journal_.push_back("CloseHandle " + std::to_string(token));
 }
 
 void FakeUi::tell(const char* manner, const std::string& text, platform::MessageIcon icon) {

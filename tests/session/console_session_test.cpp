@@ -42,7 +42,9 @@ class ConsoleSession : public testing::Test {
             adapters->processes(), adapters->threads(),
             adapters->clock(),     adapters->environment(),
             adapters->libraries(), ui.screen,
-            adapters->desktop()};
+            adapters->desktop(),   adapters->accounts(),
+            adapters->security(),  adapters->secur32(),
+            adapters->heap()};
   }
 
   /// One of the things that an operator does; which one goes by the round.

@@ -22,14 +22,10 @@ using testing::StartsWith;
 class ConsoleModeTest : public testing::Test {
  protected:
   explicit ConsoleModeTest(const char* title = core::kManagerTitle)
-      : ui(fake.journal, title), program(hostWith(ui.screen), title, fake.statementListener()) {
+      : ui(fake.journal, title), program(fake.host(ui.screen), title, fake.statementListener()) {
     fake.libraries.netAccessMode = 1;
   }
 
-  core::Host hostWith(platform::Ui& screen) {
-    return {fake.registry, fake.services,    fake.eventLog,  fake.files, fake.processes, fake.threads,
-            fake.clock,    fake.environment, fake.libraries, screen,     fake.desktop};
-  }
   int run() { return runConsoleProcess(program, ui.screen, forms); }
   /// What stands in the journal between two lines, both included.
   fakes::Journal between(const std::string& first, const std::string& last) {

@@ -5,16 +5,19 @@
 #include <string>
 #include <vector>
 
+#include "platform/accounts.h"
 #include "platform/clock.h"
 #include "platform/closed_libraries.h"
 #include "platform/desktop.h"
 #include "platform/environment.h"
 #include "platform/event_log.h"
 #include "platform/files.h"
+#include "platform/heap.h"
 #include "platform/posix/companion_library.h"
 #include "platform/posix/path_resolver.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
+#include "platform/security_package.h"
 #include "platform/service_control.h"
 #include "platform/threads.h"
 #include "platform/ui.h"
@@ -41,7 +44,15 @@ inline constexpr std::chrono::milliseconds kRegistryLockWait{10'000};
 [[nodiscard]] std::unique_ptr<ServiceControl> makeServiceControl(CompanionLibrary& companion);
 [[nodiscard]] std::unique_ptr<EventLog> makeEventLog(CompanionLibrary& companion);
 [[nodiscard]] std::unique_ptr<Threads> makeThreads(CompanionLibrary& companion);
-[[nodiscard]] std::unique_ptr<ClosedLibraries> makeClosedLibraries(CompanionLibrary& companion);
+/// `logonControl` is the library `VhwLogonCtrl`.
+[[nodiscard]] std::unique_ptr<ClosedLibraries> makeClosedLibraries(CompanionLibrary& companion,
+                                                                   CompanionLibrary& logonControl);
+[[nodiscard]] std::unique_ptr<Accounts> makeAccounts(CompanionLibrary& companion);
+[[nodiscard]] std::unique_ptr<Heap> makeHeap();
+/// NTLM over GSSAPI. `userFile` holds the accounts of the accepting role, a line `DOMAIN:user:password` for
+/// each; it is the file that `NTLM_USER_FILE` names in the environment of the process, where the mechanism
+/// looks for it. It must be its owner's alone; otherwise there are no credentials for that role.
+[[nodiscard]] std::unique_ptr<SecurityPackage> makeSecurityPackage(std::string userFile);
 /// How long who asks for another program's window waits for its answer.
 inline constexpr std::chrono::milliseconds kWindowAnswerWait{2'000};
 /// The programs of this user that share the home.

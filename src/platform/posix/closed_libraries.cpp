@@ -15,7 +15,8 @@ ThreadHandle handleOf(QrvThread thread) {
 
 class CompanionClosedLibraries : public ClosedLibraries {
  public:
-  explicit CompanionClosedLibraries(CompanionLibrary& companion) : companion_(companion) {}
+  CompanionClosedLibraries(CompanionLibrary& companion, CompanionLibrary& logonControl)
+      : companion_(companion), logonControl_(logonControl) {}
 
   ThreadHandle qrvCInstall(DeploymentJob& job, const std::string& libraryPath) override {
     return startJob("qrvCInstall", job, libraryPath);
@@ -140,6 +141,10 @@ class CompanionClosedLibraries : public ClosedLibraries {
     return check(dotted.data(), range.data());
   }
 
+  std::int32_t fnLogRight(const std::u16string& system, std::vector<std::uint8_t>& sid) override {
+    return logonControl_.function<decltype(::fnLogRight)>("fnLogRight")(system.c_str(), sid.data());
+  }
+
  private:
   ThreadHandle startJob(const char* function, DeploymentJob& job, const std::string& libraryPath) {
     const auto start = companion_.function<StartJob>(function);
@@ -158,12 +163,14 @@ class CompanionClosedLibraries : public ClosedLibraries {
   }
 
   CompanionLibrary& companion_;
+  CompanionLibrary& logonControl_;
 };
 
 }  // namespace
 
-std::unique_ptr<ClosedLibraries> makeClosedLibraries(CompanionLibrary& companion) {
-  return std::make_unique<CompanionClosedLibraries>(companion);
+std::unique_ptr<ClosedLibraries> makeClosedLibraries(CompanionLibrary& companion,
+                                                     CompanionLibrary& logonControl) {
+  return std::make_unique<CompanionClosedLibraries>(companion, logonControl);
 }
 
 }  // namespace varnhold::platform::posix

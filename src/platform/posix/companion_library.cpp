@@ -12,8 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto kLibraryName = "libqrvUtil.so";
-
 std::string listed(const std::vector<std::string>& folders) {
   std::string list;
   for (const auto& folder : folders) list += (list.empty() ? "" : ", ") + folder;
@@ -36,15 +34,15 @@ void* CompanionLibrary::symbol(const std::string& name) {
 
 void CompanionLibrary::load() {
   if (library_ != nullptr) return;
-  const auto folder = std::find_if(folders_.begin(), folders_.end(), [](const std::string& candidate) {
+  const auto folder = std::find_if(folders_.begin(), folders_.end(), [this](const std::string& candidate) {
     std::error_code error;
-    return fs::exists(fs::path(candidate) / kLibraryName, error);
+    return fs::exists(fs::path(candidate) / fileName_, error);
   });
   if (folder == folders_.end()) {
-    throw RuntimeError(kFileNotFound, std::string("The library ") + kLibraryName + " was not found in " +
-                                          listed(folders_) + ". Put it into one of these folders.");
+    throw RuntimeError(kFileNotFound, "The library " + fileName_ + " was not found in " + listed(folders_) +
+                                          ". Put it into one of these folders.");
   }
-  path_ = (fs::path(*folder) / kLibraryName).string();
+  path_ = (fs::path(*folder) / fileName_).string();
   library_ = ::dlopen(path_.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (library_ == nullptr) {
     const char* reason = ::dlerror();

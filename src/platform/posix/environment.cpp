@@ -38,6 +38,8 @@ class ProcessEnvironment : public Environment {
     return toUpper(full.substr(0, full.find('.')));
   }
 
+  OsVersion getVersionEx() override { return {6, kPlatformWin32Nt}; }
+
  private:
   std::string home_;
   std::vector<std::string> arguments_;

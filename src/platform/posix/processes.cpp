@@ -55,6 +55,22 @@ class ProcessesOfHost : public Processes {
     return toUpper(file).ends_with(".BAT") ? runBatch(file) : openOnDesktop(paths_.resolve(file));
   }
 
+  // There is no account of Windows to start a program as.
+  std::uint32_t createProcessWithLogon(const std::string&, const std::string&, const std::string&,
+                                       std::uint32_t, const std::string&, std::uint32_t, const std::string&,
+                                       ProcessInformation&) override {
+    return kErrorCallNotImplemented;
+  }
+  std::uint32_t logonUser(const std::string&, const std::string&, const std::string&, std::uint32_t,
+                          std::uint32_t, TokenHandle&) override {
+    return kErrorCallNotImplemented;
+  }
+  std::uint32_t createProcessAsUser(TokenHandle, const std::string&, std::uint32_t, const std::string&,
+                                    ProcessInformation&) override {
+    return kErrorCallNotImplemented;
+  }
+  void closeHandle(TokenHandle) override {}
+
  private:
   /// With the desktop's own opener of files and addresses.
   int openOnDesktop(const std::string& target) {

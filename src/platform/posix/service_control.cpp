@@ -38,6 +38,29 @@ class CompanionServiceControl : public ServiceControl {
     return start(opened->machine.c_str(), opened->service.c_str());
   }
 
+  bool queryServiceConfig(ServiceHandle service, std::uint8_t* buffer, std::uint32_t size,
+                          std::uint32_t& bytesNeeded, ServiceConfig& config) override {
+    const auto* opened = find(service);
+    bytesNeeded = 0;
+    if (opened == nullptr) return false;
+    const auto query =
+        companion_.function<decltype(qrvHostQueryServiceAccount)>("qrvHostQueryServiceAccount");
+    auto* const account = reinterpret_cast<char*>(buffer);
+    if (query(opened->machine.c_str(), opened->service.c_str(), account, size, &bytesNeeded) != 0)
+      return false;
+    config.serviceStartName = account;
+    return true;
+  }
+
+  std::uint32_t changeServiceConfig(ServiceHandle service, std::uint32_t, std::uint32_t, std::uint32_t,
+                                    const std::string& account, const std::string& password) override {
+    const auto* opened = find(service);
+    if (opened == nullptr) return kInvalidHandle;
+    const auto change =
+        companion_.function<decltype(qrvHostChangeServiceAccount)>("qrvHostChangeServiceAccount");
+    return change(opened->machine.c_str(), opened->service.c_str(), account.c_str(), password.c_str());
+  }
+
   void closeServiceHandle(ServiceHandle handle) override { open_.erase(handle); }
 
  private:

@@ -1,6 +1,7 @@
 #include "platform/closed_libraries.h"
 
 #include "companion/include/qrvutil.h"
+#include "companion/include/vhwlogonctrl.h"
 #include "platform/windows/adapters.h"
 #include "platform/windows/ansi_buffer.h"
 #include "platform/windows/closed_library.h"
@@ -23,7 +24,8 @@ AnsiBuffer given(const std::string& text) {
 
 class WindowsClosedLibraries : public ClosedLibraries {
  public:
-  explicit WindowsClosedLibraries(std::string folder) : qrvUtil_(std::move(folder), "qrvUtil.dll") {}
+  explicit WindowsClosedLibraries(const std::string& folder)
+      : qrvUtil_(folder, "qrvUtil.dll"), logonControl_(folder, "VhwLogonCtrl.dll") {}
 
   ThreadHandle qrvCInstall(DeploymentJob& job, const std::string& libraryPath) override {
     return startJob("qrvCInstall", job, libraryPath);
@@ -152,6 +154,10 @@ class WindowsClosedLibraries : public ClosedLibraries {
     return call(dotted.data(), range.data());
   }
 
+  std::int32_t fnLogRight(const std::u16string& system, std::vector<std::uint8_t>& sid) override {
+    return logonControl_.function<decltype(::fnLogRight)>("fnLogRight")(system.c_str(), sid.data());
+  }
+
  private:
   ThreadHandle startJob(const char* function, DeploymentJob& job, const std::string& libraryPath) {
     auto* const call = qrvUtil_.function<StartJob>(function);
@@ -170,13 +176,13 @@ class WindowsClosedLibraries : public ClosedLibraries {
     return done;
   }
 
-  ClosedLibrary qrvUtil_;
+  ClosedLibrary qrvUtil_, logonControl_;
 };
 
 }  // namespace
 
-std::unique_ptr<ClosedLibraries> makeClosedLibraries(std::string folder) {
-  return std::make_unique<WindowsClosedLibraries>(std::move(folder));
+std::unique_ptr<ClosedLibraries> makeClosedLibraries(const std::string& folder) {
+  return std::make_unique<WindowsClosedLibraries>(folder);
 }
 
 }  // namespace varnhold::platform::windows

@@ -11,6 +11,8 @@
 namespace varnhold::platform::windows {
 namespace {
 
+static_assert(kPlatformWin32Nt == VER_PLATFORM_WIN32_NT);
+
 constexpr std::size_t kNameCharacters = 256;
 
 std::wstring programFile() {
@@ -44,6 +46,13 @@ class WindowsEnvironment : public Environment {
     auto filled = fromWide({buffer.data(), size});
     filled.resize(kNameCharacters, '\0');
     return filled;
+  }
+
+  OsVersion getVersionEx() override {
+    OSVERSIONINFOW version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    if (!GetVersionExW(&version)) return {};
+    return {version.dwMajorVersion, version.dwPlatformId};
   }
 };
 

@@ -20,6 +20,10 @@ class WindowsAdapters : public HostAdapters {
   Environment& environment() override { return *environment_; }
   ClosedLibraries& libraries() override { return *libraries_; }
   Desktop& desktop() override { return *desktop_; }
+  Accounts& accounts() override { return *accounts_; }
+  SecurityPackage& security() override { return *security_; }
+  SecurityPackage& secur32() override { return *secur32_; }
+  Heap& heap() override { return *heap_; }
   Ui& unattendedUi() override { return *unattendedUi_; }
 
  private:
@@ -33,6 +37,10 @@ class WindowsAdapters : public HostAdapters {
   std::unique_ptr<Environment> environment_ = makeEnvironment();
   std::unique_ptr<ClosedLibraries> libraries_ = makeClosedLibraries(environment_->programFolder());
   std::unique_ptr<Desktop> desktop_ = makeDesktop();
+  std::unique_ptr<Accounts> accounts_ = makeAccounts();
+  std::unique_ptr<SecurityPackage> security_ = makeSecurityPackage("security");
+  std::unique_ptr<SecurityPackage> secur32_ = makeSecurityPackage("secur32");
+  std::unique_ptr<Heap> heap_ = makeHeap();
   std::unique_ptr<Ui> unattendedUi_ = makeUnattendedUi();
 };
 

@@ -13,7 +13,7 @@ namespace {
 class PosixClosedLibraries : public ::testing::Test {
  protected:
   std::unique_ptr<CompanionLibrary> standin_ = makeStandin();
-  std::unique_ptr<ClosedLibraries> libraries_ = makeClosedLibraries(*standin_);
+  std::unique_ptr<ClosedLibraries> libraries_ = makeClosedLibraries(*standin_, *standin_);
   std::unique_ptr<Threads> threads_ = makeThreads(*standin_);
 };
 
@@ -112,7 +112,7 @@ RuntimeError errorOfInstall(CompanionLibrary& companion) {
   DeploymentJob job;
   job.ServicePassword = "secret";
   try {
-    static_cast<void>(makeClosedLibraries(companion)->qrvCInstall(job, "remins"));
+    static_cast<void>(makeClosedLibraries(companion, companion)->qrvCInstall(job, "remins"));
   } catch (const RuntimeError& error) {
     return error;
   }

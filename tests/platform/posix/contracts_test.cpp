@@ -151,9 +151,11 @@ class PosixLibrariesHost {
                                            lacking_ = posix::makeLackingStandin(),
                                            missing_ = posix::makeMissingStandin();
   std::unique_ptr<platform::Threads> threads_ = posix::makeThreads(*standin_);
-  std::unique_ptr<platform::ClosedLibraries> libraries_ = posix::makeClosedLibraries(*standin_),
-                                             lackingLibraries_ = posix::makeClosedLibraries(*lacking_),
-                                             missingLibraries_ = posix::makeClosedLibraries(*missing_);
+  std::unique_ptr<platform::ClosedLibraries> libraries_ = posix::makeClosedLibraries(*standin_, *standin_),
+                                             lackingLibraries_ =
+                                                 posix::makeClosedLibraries(*lacking_, *lacking_),
+                                             missingLibraries_ =
+                                                 posix::makeClosedLibraries(*missing_, *missing_);
 };
 
 /// A program with one window, which asks a few times a second what others want of it.

@@ -9,11 +9,13 @@
 
 namespace {
 
-constexpr uint32_t kPathNotFound = 53, kNoSuchService = 1060, kNotActive = 1062, kAlreadyRunning = 1056,
-                   kServerUnavailable = 1722;
+constexpr uint32_t kPathNotFound = 53, kNoSuchService = 1060, kNotActive = 1062,
+                   kInvalidServiceAccount = 1057, kInsufficientBuffer = 122, kNoneMapped = 1332,
+                   kAlreadyRunning = 1056, kServerUnavailable = 1722;
 
 struct State {
   std::string calls, share;
+  std::string serviceAccount = "LocalSystem";
   bool serviceRuns = false;
   uint8_t mode = 77;
   bool hasMode = false;
@@ -239,6 +241,46 @@ uint32_t qrvHostStartService(const char* machine, const char* service) {
   if (state().serviceRuns) return kAlreadyRunning;
   state().serviceRuns = true;
   return 0;
+}
+
+uint32_t qrvHostQueryServiceAccount(const char* machine, const char* service, char* account, uint32_t size,
+                                    uint32_t* needed) {
+  note(std::string("query|") + machine + "|" + service + "|" + std::to_string(size));
+  *needed = static_cast<uint32_t>(state().serviceAccount.size() + 1);
+  if (size < *needed) return kInsufficientBuffer;
+  std::strcpy(account, state().serviceAccount.c_str());
+  return 0;
+}
+
+uint32_t qrvHostChangeServiceAccount(const char* machine, const char* service, const char* account,
+                                     const char* password) {
+  note(std::string("change|") + machine + "|" + service + "|" + account + "|" + password);
+  if (capitals(account) != "CORP\\SVC") return kInvalidServiceAccount;
+  state().serviceAccount = account;
+  return 0;
+}
+
+uint32_t qrvHostLookupAccountName(const char* machine, const char* account, uint8_t* sid, uint32_t* sidSize,
+                                  char* domain, uint32_t* domainSize) {
+  constexpr uint8_t kSid[] = {1, 1, 0, 0, 0, 0, 0, 5, 18, 0, 0, 0};
+  constexpr const char* kDomain = "CORP";
+  note(std::string("lookup|") + machine + "|" + account);
+  if (capitals(account) != "CORP\\SVC") return kNoneMapped;
+  const bool hasRoom = *sidSize >= sizeof kSid && *domainSize > std::strlen(kDomain);
+  *sidSize = sizeof kSid;
+  *domainSize = static_cast<uint32_t>(std::strlen(kDomain) + 1);
+  if (!hasRoom) return kInsufficientBuffer;
+  std::memcpy(sid, kSid, sizeof kSid);
+  std::strcpy(domain, kDomain);
+  return 0;
+}
+
+int32_t fnLogRight(const char16_t* system, uint8_t* sid) {
+  std::string name;
+  for (; *system != 0; ++system) name += static_cast<char>(*system);
+  note("right|" + name + "|" + std::to_string(sid[0]) + "|" + std::to_string(sid[8]));
+  sid[0] = 9;  // the library may change it
+  return isHost1(name) ? 0 : 5;
 }
 
 uint32_t qrvHostOpenEventLog(const char* machine, const char* log) {

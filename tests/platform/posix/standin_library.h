@@ -2,6 +2,7 @@
 #pragma once
 
 #include "companion/include/qrvhost.h"
+#include "companion/include/vhwlogonctrl.h"
 
 extern "C" {
 

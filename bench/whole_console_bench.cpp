@@ -46,17 +46,11 @@ double residentMegabytes() {
   return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
 }
 
-core::Host hostOf(fakes::FakeHost& fake, platform::Ui& ui) {
-  const auto host = fake.host();
-  return {host.registry, host.services,    host.eventLog,  host.files, host.processes, host.threads,
-          host.clock,    host.environment, host.libraries, ui,         host.desktop};
-}
-
 Figures runConsole() {
   fakes::FakeHost fake;
   ui::wx::WxToolkit toolkit(ui::wx::allViews());
   ui::Screen screen(toolkit, core::kManagerTitle);
-  core::Program program(hostOf(fake, screen), core::kManagerTitle);
+  core::Program program(fake.host(screen), core::kManagerTitle);
   program.gConn.Open("qrvdb", "", "");
   console::Forms forms(program, screen);
   forms.frmNetAccessSel.AutoDiscover = false;

@@ -14,29 +14,18 @@ namespace {
 
 using namespace varnhold;
 
-core::Host hostOf(platform::HostAdapters& adapters, platform::Ui& ui) {
-  return {adapters.registry(),  adapters.services(),
-          adapters.eventLog(),  adapters.files(),
-          adapters.processes(), adapters.threads(),
-          adapters.clock(),     adapters.environment(),
-          adapters.libraries(), ui,
-          adapters.desktop(),   adapters.accounts(),
-          adapters.security(),  adapters.secur32(),
-          adapters.heap()};
-}
-
 /// The console, on a screen.
 int runWithConsole(platform::HostAdapters& adapters) {
   ui::wx::WxToolkit toolkit(ui::wx::allViews());
   ui::Screen screen(toolkit, VARNHOLD_APP_TITLE);
-  core::Program program(hostOf(adapters, screen), VARNHOLD_APP_TITLE);
+  core::Program program(core::hostOf(adapters, screen), VARNHOLD_APP_TITLE);
   console::Forms forms(program, screen);
   return startup::runConsoleProcess(program, screen, forms);
 }
 
 /// The command-line installer: no toolkit is started, so that it runs where there is no screen.
 int runCommandLine(platform::HostAdapters& adapters) {
-  core::Program program(hostOf(adapters, adapters.unattendedUi()), VARNHOLD_APP_TITLE);
+  core::Program program(core::hostOf(adapters, adapters.unattendedUi()), VARNHOLD_APP_TITLE);
   return startup::runProcess(program, {});
 }
 

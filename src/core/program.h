@@ -18,6 +18,10 @@
 #include "platform/ui.h"
 #include "store/connection.h"
 
+namespace varnhold::platform {
+class HostAdapters;
+}
+
 namespace varnhold::core {
 
 inline constexpr const char* kManagerTitle = "Varnhold - System Manager";
@@ -41,6 +45,9 @@ struct Host {
   platform::SecurityPackage& secur32;
   platform::Heap& heap;
 };
+
+/// The host behind these adapters, with `ui` for what the program says to its user.
+[[nodiscard]] Host hostOf(platform::HostAdapters& adapters, platform::Ui& ui);
 
 /// What lives as long as the process. Built once by `app` and passed by reference; main thread only.
 struct Program {

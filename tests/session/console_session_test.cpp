@@ -36,17 +36,6 @@ class ConsoleSession : public testing::Test {
                                 "program_files = C:\\Program Files\n");
   }
 
-  core::Host host() {
-    return {adapters->registry(),  adapters->services(),
-            adapters->eventLog(),  adapters->files(),
-            adapters->processes(), adapters->threads(),
-            adapters->clock(),     adapters->environment(),
-            adapters->libraries(), ui.screen,
-            adapters->desktop(),   adapters->accounts(),
-            adapters->security(),  adapters->secur32(),
-            adapters->heap()};
-  }
-
   /// One of the things that an operator does; which one goes by the round.
   void act(int round) {
     auto& frmMain = forms.frmMain;
@@ -87,7 +76,7 @@ class ConsoleSession : public testing::Test {
       platform::makeHostAdapters({0, nullptr, stage.home().string()});
   fakes::Journal journal;
   fakes::ScriptedUi ui{journal};
-  core::Program program{host(), core::kManagerTitle};
+  core::Program program{core::hostOf(*adapters, ui.screen), core::kManagerTitle};
   console::Forms forms{program, ui.screen};
 };
 

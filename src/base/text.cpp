@@ -53,6 +53,10 @@ bool equalsIgnoringCase(std::string_view left, std::string_view right) {
   return toUpper(left) == toUpper(right);
 }
 
+bool containsIgnoringCase(std::string_view text, std::string_view part) {
+  return toUpper(text).find(toUpper(part)) != std::string::npos;
+}
+
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to) {
   std::string replaced;
   std::size_t start = 0;

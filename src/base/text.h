@@ -22,6 +22,9 @@ namespace varnhold {
 /// True when both texts are the same but for the case of their letters.
 [[nodiscard]] bool equalsIgnoringCase(std::string_view left, std::string_view right);
 
+/// True when `part` stands anywhere in `text`, the case of letters aside. An empty part always does.
+[[nodiscard]] bool containsIgnoringCase(std::string_view text, std::string_view part);
+
 /// `text` with every `from` replaced by `to`.
 [[nodiscard]] std::string replaceAll(std::string_view text, std::string_view from, std::string_view to);
 

@@ -11,14 +11,11 @@
 namespace varnhold::console {
 namespace {
 
-bool holdsText(const std::string& text, const char* part) {
-  return toUpper(text).find(toUpper(part)) != std::string::npos;
-}
-
 /// Whether the commands start and status take the computer.
 bool hasStartableAgent(const ui::ListItem& row) {
   const auto& status = row.SubItems(kStatusColumn);
-  return holdsText(status, "Managed - Standard Mode") || holdsText(status, "Tracking Changes");
+  return containsIgnoringCase(status, "Managed - Standard Mode") ||
+         containsIgnoringCase(status, "Tracking Changes");
 }
 
 }  // namespace

@@ -57,11 +57,10 @@ struct Program {
   /// Which of the two products the program shows itself as: a constant of the build.
   const std::string AppTitle;
 
-  std::string gAppPath;           ///< folder of the running program, without closing backslash
-  std::string gDbPath;            ///< folder of the inventory's database file
-  store::Connection gConn;        ///< the open inventory
-  std::string gLocalName;         ///< this computer's name, or "LocalHost"
-  std::int16_t LocalOSMajor = 0;  ///< major version of this computer's operating system
+  std::string gAppPath;        ///< folder of the running program, without closing backslash
+  std::string gDbPath;         ///< folder of the inventory's database file
+  store::Connection gConn;     ///< the open inventory
+  std::string gLocalName;      ///< this computer's name, or "LocalHost"
   std::string gInstallerDir;   ///< `<INSTALLPATH>\RemoteInstaller`; empty while `INSTALLPATH` can't be read
   std::string gEventsConsole;  ///< `"<INSTALLPATH>\VHConsole.exe"`, quotes included; empty when not installed
   std::string

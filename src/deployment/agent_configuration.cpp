@@ -79,13 +79,17 @@ Preparation prepareTessmarkInstall(platform::ClosedLibraries& libraries, const s
   return createConfigurationFile(libraries, changesRoot, systemName, installDirectory, kNoMode);
 }
 
+std::int32_t overIPAgentMode(bool optAgentbased, std::int32_t chkHPMode) {
+  if (!optAgentbased) return kNoMode;
+  return chkHPMode != 0 ? kHighPerformanceMode : kStandardMode;
+}
+
 bool prepareOverIPUpgrade(core::Program& program, bool optAgentbased, std::int32_t chkHPMode) {
-  const auto agentBasedMode = chkHPMode != 0 ? kHighPerformanceMode : kStandardMode;
   // Copies: the library may write into its arguments, and these belong to the whole program.
   auto managerName = program.gLocalName;
   auto managerFolder = program.gInstallerDir;
   return createConfigurationFile(program.host.libraries, program.gInstallerDir, managerName, managerFolder,
-                                 optAgentbased ? agentBasedMode : kNoMode)
+                                 overIPAgentMode(optAgentbased, chkHPMode))
       .ready;
 }
 

@@ -55,8 +55,12 @@ struct Preparation {
                                                  const std::string& changesRoot, std::string& systemName,
                                                  std::string& installDirectory);
 
-/// Once per run before an over-IP upgrade: `vhsetup.ins` with the manager's own name and folder. `chkHPMode`
-/// is the value of that check box, which counts only for agents that are not agentless. False ends the run.
+/// The mode of the agents that an over-IP upgrade is for; only this path hands out high performance.
+/// `chkHPMode` is the value of that check box, which counts only for agents that are not agentless.
+[[nodiscard]] std::int32_t overIPAgentMode(bool optAgentbased, std::int32_t chkHPMode);
+
+/// Once per run before an over-IP upgrade: `vhsetup.ins` with the manager's own name and folder, and the mode
+/// of `overIPAgentMode`. False ends the run.
 [[nodiscard]] bool prepareOverIPUpgrade(core::Program& program, bool optAgentbased, std::int32_t chkHPMode);
 
 /// Where agents report back to: writes this computer's address as `ConfigIPAddr` and then `enableprotection`.

@@ -13,9 +13,18 @@ namespace {
 
 constexpr std::int32_t kHighestTarget = 99;
 
-/// The agent of this computer brings the library that reaches other agents over IP; without it the base is
-/// the folder of the installation material, "remins" included.
-std::string agentLibraryForOverIP(core::Program& program, const std::string& materialFolder) {
+platform::ThreadHandle startUpgrade(core::Program& program, const JobChoices& choices,
+                                    platform::DeploymentJob& job, const std::string& materialFolder) {
+  job.RemedialFlag = static_cast<std::uint8_t>(choices.chkUpgradeRemedialActionScripts);
+  job.UseDefaultConfig = job.ConfigFile.empty() ? 1 : 0;
+  if (choices.optWinDom) return program.host.libraries.qrvCUpgradeAgent(job, materialFolder);
+  if (!choices.optOverIP) return 0;
+  return program.host.libraries.qrvCUpgradeAgentOverIP(agentLibraryOverIP(program, materialFolder), job);
+}
+
+}  // namespace
+
+std::string agentLibraryOverIP(core::Program& program, const std::string& materialFolder) {
   std::string folder = materialFolder;
   if (!core::RegReadValue(program.host.registry, platform::RegistryHive::LocalMachine, core::kAgentKey,
                           "InstallPath", folder)) {
@@ -23,17 +32,6 @@ std::string agentLibraryForOverIP(core::Program& program, const std::string& mat
   }
   return agentLibraryPath(folder);
 }
-
-platform::ThreadHandle startUpgrade(core::Program& program, const JobChoices& choices,
-                                    platform::DeploymentJob& job, const std::string& materialFolder) {
-  job.RemedialFlag = static_cast<std::uint8_t>(choices.chkUpgradeRemedialActionScripts);
-  job.UseDefaultConfig = job.ConfigFile.empty() ? 1 : 0;
-  if (choices.optWinDom) return program.host.libraries.qrvCUpgradeAgent(job, materialFolder);
-  if (!choices.optOverIP) return 0;
-  return program.host.libraries.qrvCUpgradeAgentOverIP(agentLibraryForOverIP(program, materialFolder), job);
-}
-
-}  // namespace
 
 platform::ThreadHandle StartDeploymentJob(core::Program& program, const JobChoices& choices,
                                           platform::DeploymentJob& job) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "core/program.h"
 #include "deployment/run_screen.h"
@@ -41,6 +42,10 @@ struct JobChoices {
 /// Errors as for `ClosedLibraries` and, for an upgrade over IP, `RegReadValue`.
 [[nodiscard]] platform::ThreadHandle StartDeploymentJob(core::Program& program, const JobChoices& choices,
                                                         platform::DeploymentJob& job);
+
+/// The agent library of an upgrade over IP: that of the agent on this computer, or, where there is none, one
+/// below `materialFolder`, "remins" included.
+[[nodiscard]] std::string agentLibraryOverIP(core::Program& program, const std::string& materialFolder);
 
 /// Polls a worker thread every `kPollPeriodMs` until it has ended, closes its handle, and gives its exit
 /// value less `kResultCodeOffset`. There is no time-out: a hung library call hangs the run. When a poll

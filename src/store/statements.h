@@ -11,6 +11,15 @@ namespace varnhold::store::statements {
 
 // Filters.
 inline constexpr std::string_view kAgentFilter = "(System_Name = '{name}' AND Module_ID = {module})";
+/// The agent's row that an install by the wizard looks for. The three differ in blanks, and the one for high
+/// performance asks for module 1 too, deliberately: it does not find the row of an earlier such install.
+inline constexpr std::string_view kAgentlessAgentFilter =
+    "(System_Name ='{name}' AND  Module_ID = 1 AND Agentless = 1)";
+inline constexpr std::string_view kStandardAgentFilter =
+    "(System_Name = '{name}' AND Module_ID = 1 AND Agentless = 0)";
+inline constexpr std::string_view kHighPerformanceAgentFilter =
+    "(System_Name ='{name}' AND Module_ID = 1 AND Agentless = 0)";
+inline constexpr std::string_view kTessmarkAgentFilter = "System_Name = '{name}' AND Module_ID = 2";
 inline constexpr std::string_view kSystemNameFilter = "System_Name = '{name}'";
 inline constexpr std::string_view kGroupNameFilter = "Group_Name = '{group}'";
 inline constexpr std::string_view kGroupMemberFilter = "System_Name = '{name}' AND Group_Name = '{group}'";
@@ -22,6 +31,9 @@ inline constexpr std::string_view kAddVarnholdAgent =
     "INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual,Agentless) VALUES "
     "('{name}', "
     "{module}, '{path}', 0, {agentless})";
+inline constexpr std::string_view kAddHighPerformanceAgent =
+    "INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual,Agentless) VALUES "
+    "('{name}', 5, '{path}', 0,0)";
 inline constexpr std::string_view kChangeAgent =
     "UPDATE Module_Table SET Install_Directory =  '{path}', Manual = 0 WHERE System_Name = '{name}' AND "
     "Module_ID = {module} AND Agentless = {agentless}";
@@ -38,6 +50,9 @@ inline constexpr std::string_view kChangeTessmarkAgent =
     "Module_ID = 2";
 inline constexpr std::string_view kForgetVarnholdAgent =
     "DELETE FROM Module_Table WHERE System_Name = '{name}' AND (Module_ID = 1 OR Module_ID = 5)";
+/// The wizard's, which has one blank more.
+inline constexpr std::string_view kUninstalledVarnholdAgent =
+    "DELETE FROM Module_Table WHERE System_Name = '{name}' AND (Module_ID = 1 OR Module_ID = 5 )";
 inline constexpr std::string_view kForgetTessmarkAgent =
     "DELETE FROM Module_Table WHERE System_Name = '{name}' AND Module_ID = 2";
 

@@ -46,6 +46,13 @@ TEST(EqualsIgnoringCase, ComparesWholeTexts) {
   EXPECT_TRUE(equalsIgnoringCase("", ""));
 }
 
+TEST(ContainsIgnoringCase, FindsAPartAnywhere) {
+  EXPECT_TRUE(containsIgnoringCase("Managed - Standard Mode", "STANDARD"));
+  EXPECT_TRUE(containsIgnoringCase("Büro", "BÜ"));
+  EXPECT_TRUE(containsIgnoringCase("x", ""));
+  EXPECT_FALSE(containsIgnoringCase("Standard", "Standard Mode"));
+}
+
 TEST(ReplaceAll, ReplacesEveryOccurrenceAndNotItsOwnWork) {
   EXPECT_EQ(replaceAll("a\r\nb\r\n", "\r\n", ""), "ab");
   EXPECT_EQ(replaceAll("aa", "a", "aa"), "aaaa");

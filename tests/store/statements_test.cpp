@@ -16,6 +16,18 @@ struct Expected {
 /// The documented texts, with example values in them.
 const Expected kDocumented[] = {
     {fill(kAgentFilter, {{"name", "HOST1"}, {"module", 1}}), "(System_Name = 'HOST1' AND Module_ID = 1)"},
+    {fill(kAgentlessAgentFilter, {{"name", "HOST1"}}),
+     "(System_Name ='HOST1' AND  Module_ID = 1 AND Agentless = 1)"},
+    {fill(kStandardAgentFilter, {{"name", "HOST1"}}),
+     "(System_Name = 'HOST1' AND Module_ID = 1 AND Agentless = 0)"},
+    {fill(kHighPerformanceAgentFilter, {{"name", "HOST1"}}),
+     "(System_Name ='HOST1' AND Module_ID = 1 AND Agentless = 0)"},
+    {fill(kTessmarkAgentFilter, {{"name", "HOST1"}}), "System_Name = 'HOST1' AND Module_ID = 2"},
+    {fill(kAddHighPerformanceAgent, {{"name", "HOST1"}, {"path", "C:\\A"}}),
+     "INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual,Agentless) VALUES "
+     "('HOST1', 5, 'C:\\A', 0,0)"},
+    {fill(kUninstalledVarnholdAgent, {{"name", "HOST1"}}),
+     "DELETE FROM Module_Table WHERE System_Name = 'HOST1' AND (Module_ID = 1 OR Module_ID = 5 )"},
     {fill(kSystemNameFilter, {{"name", "HOST1"}}), "System_Name = 'HOST1'"},
     {fill(kGroupNameFilter, {{"group", "Web"}}), "Group_Name = 'Web'"},
     {fill(kGroupMemberFilter, {{"name", "HOST1"}, {"group", "Web"}}),

@@ -118,6 +118,7 @@ void DataViewList::makeColumns() {
       renderer = new wxDataViewIconTextRenderer;
     } else {
       renderer = new wxDataViewTextRenderer;
+      renderer->EnableEllipsize(wxELLIPSIZE_END);
     }
     AppendColumn(new wxDataViewColumn(heads_[column], renderer, column, widths_[column], wxALIGN_LEFT));
   }
@@ -182,9 +183,10 @@ ListPlace DataViewList::placeIn(int row, int x) const {
   while (column + 1 < GetColumnCount() && x >= left + GetColumn(column)->GetWidth()) {
     left += GetColumn(column++)->GetWidth();
   }
+  if (column > 0) return {row, static_cast<int>(column), kOnCell};
   const bool onPicture =
-      x < left + FromDIP(kPictureSpace) && model_->pictureOf(static_cast<unsigned>(row) - 1, column) != 0;
-  return {row, static_cast<int>(column), onPicture ? kOnIcon : kOnLabel};
+      x < left + FromDIP(kPictureSpace) && model_->pictureOf(static_cast<unsigned>(row) - 1, 0) != 0;
+  return {row, 0, onPicture ? kOnIcon : kOnLabel};
 }
 
 // The position of a mouse event counts from the corner of the rows, all else from the corner of the heads.

@@ -114,8 +114,8 @@ ListPlace NativeList::placeAt(wxPoint position) const {
   long column = 0;
   const long row = HitTest(position, flags, &column);
   if (row == wxNOT_FOUND) return {0, 0, kOnNothing};
-  return {static_cast<int>(row) + 1, static_cast<int>(std::max(column, 0L)),
-          (flags & wxLIST_HITTEST_ONITEMICON) != 0 ? kOnIcon : kOnLabel};
+  if (column > 0) return {static_cast<int>(row) + 1, static_cast<int>(column), kOnCell};
+  return {static_cast<int>(row) + 1, 0, (flags & wxLIST_HITTEST_ONITEMICON) != 0 ? kOnIcon : kOnLabel};
 }
 
 void NativeList::showColumns(const std::vector<wxString>& heads) {

@@ -23,8 +23,9 @@ struct ListPlace {
   int flags = 0;
 };
 
-/// The parts of a row that a pointer can be on (commctrl.h, LVHT_*).
-enum ListHitFlag : int { kOnNothing = 1, kOnIcon = 2, kOnLabel = 4 };
+/// The parts of a row that a pointer can be on (commctrl.h, LVHT_*). A cell behind the first column is one
+/// whole: all of it counts as its picture and as its text.
+enum ListHitFlag : int { kOnNothing = 1, kOnIcon = 2, kOnLabel = 4, kOnCell = kOnIcon | kOnLabel };
 
 /// What a host's list tells, from inside its own calls.
 struct ListNotices {

@@ -307,11 +307,26 @@ TEST_F(ListViewTest, TellsWhichPartOfWhichCellWasPressed) {
   settle();
   ASSERT_TRUE(pictureShown(widget(), 2, 3));
   hearMouse();
-  click(placeOfPicture(widget(), 2, 3));
-  EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left ATLAS 2 2"));
+  click(placeOfPicture(widget(), 2, 1));
+  EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left ATLAS 0 2"));
   journal.clear();
-  click(placeOfCell(widget(), 2, 2));
-  EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left ATLAS 1 4"));
+  click(placeOfCell(widget(), 2, 1));
+  EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left ATLAS 0 4"));
+}
+
+TEST_F(ListViewTest, TellsThatACellBehindTheFirstWasPressedWhereverItWasPressed) {
+  list.ListItems(2).ListSubItems(2).ReportIcon = 2;
+  list.ListItems(2).SubItems(2) = "No";
+  settle();
+  hearMouse();
+  for (const auto& place : {placeOfPicture(widget(), 2, 3), placeOfCell(widget(), 2, 3)}) {
+    journal.clear();
+    click(place);
+    EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left ATLAS 2 6"));
+  }
+  journal.clear();
+  click(placeOfCell(widget(), 3, 2));
+  EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left DELOS 1 6")) << "also without a picture";
 }
 
 TEST_F(ListViewTest, TakesTheMenuKeyForARightPressOnTheFocusedRow) {

@@ -42,6 +42,14 @@ class FrameView : public BoundView<ControlView, ui::Frame, wxStaticBox> {
   wxSizer& sizer_;
 };
 
+class PlainFrameView : public BoundView<ControlView, ui::Frame, wxPanel> {
+ public:
+  using BoundView::BoundView;
+
+ private:
+  void show(const ui::Frame&) override {}
+};
+
 class ImageView : public BoundView<ControlView, ui::Image, wxStaticBitmap> {
  public:
   ImageView(wxStaticBitmap& widget, ui::Image& image) : BoundView(widget, image), picture_(widget) {}
@@ -73,6 +81,10 @@ wxStaticBoxSizer* bindFrame(wxWindow* parent, ui::Frame& frame) {
   auto* sizer = new wxStaticBoxSizer(box, wxVERTICAL);
   bind<FrameView>(box, frame, *sizer);
   return sizer;
+}
+
+wxWindow* bindPlainFrame(wxWindow* parent, ui::Frame& frame) {
+  return bind<PlainFrameView>(new wxPanel(parent), frame);
 }
 
 wxWindow* bindPictureBox(wxWindow* parent, ui::PictureBox& box) {

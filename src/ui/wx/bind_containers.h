@@ -12,6 +12,10 @@ namespace varnhold::ui::wx {
 /// those widgets.
 wxStaticBoxSizer* bindFrame(wxWindow* parent, ui::Frame& frame);
 
+/// A frame without a caption, made in `parent`, which owns it: nothing is seen of it but what stands in it.
+/// It gets its sizer from the caller.
+wxWindow* bindPlainFrame(wxWindow* parent, ui::Frame& frame);
+
 /// A container without a caption, or a picture, made in `parent`, which owns it. A container gets its sizer
 /// from the caller.
 wxWindow* bindPictureBox(wxWindow* parent, ui::PictureBox& box);

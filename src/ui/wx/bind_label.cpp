@@ -6,7 +6,7 @@
 namespace varnhold::ui::wx {
 namespace {
 
-constexpr int kCharactersPerLine = 80;
+constexpr int kCharactersPerLine = 72;
 
 /// `widget` takes the mouse, `text` shows the caption; for a label without mouse events they are one.
 class LabelView : public BoundView<ControlView, ui::Label, wxWindow> {

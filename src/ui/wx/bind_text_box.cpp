@@ -93,8 +93,10 @@ long styleOf(const ui::TextBox& box) {
 
 wxWindow* bindTextBox(wxWindow* parent, ui::TextBox& box) {
   auto* widget = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, styleOf(box));
-  constexpr int kLeastLines = 4;
-  if (box.MultiLine) widget->SetMinSize(wxSize(-1, kLeastLines * widget->GetCharHeight()));
+  // From the text alone: on GTK a box that is not seen yet takes itself for lower than it is.
+  constexpr int kLines = 4, kEdges = 10;
+  const int lines = box.MultiLine ? kLines : 1;
+  widget->SetMinSize(wxSize(-1, lines * widget->GetCharHeight() + widget->FromDIP(kEdges)));
   return bind<TextBoxView>(widget, box);
 }
 

@@ -8,6 +8,12 @@ class frmMain;
 class frmWait;
 }  // namespace varnhold::console
 
+namespace varnhold::deployment {
+class frmLogin;
+class frmRemedialActionHelp;
+class frmTargets;
+}  // namespace varnhold::deployment
+
 namespace varnhold::inventory {
 class frmDetails;
 class frmNetAccessSel;
@@ -18,10 +24,13 @@ class frmSystemType;
 namespace varnhold::ui::wx {
 
 void layOutDetails(wxWindow& inside, inventory::frmDetails& form);
+void layOutLogin(wxWindow& inside, deployment::frmLogin& form);
 void layOutMain(wxWindow& inside, console::frmMain& form);
 void layOutNetAccessSel(wxWindow& inside, inventory::frmNetAccessSel& form);
+void layOutRemedialActionHelp(wxWindow& inside, deployment::frmRemedialActionHelp& form);
 void layOutSplash(wxWindow& inside, console::SplashForm& form);
 void layOutSystemType(wxWindow& inside, inventory::frmSystemType& form);
+void layOutTargets(wxWindow& inside, deployment::frmTargets& form);
 void layOutWait(wxWindow& inside, console::frmWait& form);
 
 }  // namespace varnhold::ui::wx

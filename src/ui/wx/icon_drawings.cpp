@@ -103,6 +103,13 @@ void information(IconCanvas& canvas) {
   canvas.colour(paint::kPaper).disc(16, 9.2, 2.2).line({16, 15}, {16, 23.4}, 3.6);
 }
 
+void warning(IconCanvas& canvas) {
+  canvas.colour(paint::kAmber).shape({{16, 4}, {29, 27}, {3, 27}});
+  // Round corners.
+  canvas.line({16, 4}, {29, 27}, 3).line({29, 27}, {3, 27}, 3).line({3, 27}, {16, 4}, 3);
+  canvas.colour(paint::kPaper).line({16, 11.5}, {16, 18.5}, 3).disc(16, 23.6, 1.8);
+}
+
 void keepSnapsYes(IconCanvas& canvas) {
   canvas.colour(paint::kGreen).disc(8, 8, 6.6);
   canvas.colour(paint::kPaper).line({5, 8.2}, {7.2, 10.4}, 1.7).line({7.2, 10.4}, {11.2, 5.9}, 1.7);
@@ -137,6 +144,7 @@ const std::vector<Drawing>& allDrawings() {
       {"keep-snaps-yes", 16, 16, keepSnapsYes},
       {"keep-snaps-no", 16, 16, keepSnapsNo},
       {"information", 32, 32, information},
+      {"warning", 32, 32, warning},
       {"app-varnhold", 32, 32, varnhold},
       {"app-tessmark", 32, 32, tessmark},
       {"splash-varnhold", 420, 240, drawVarnholdSplash},

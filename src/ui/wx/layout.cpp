@@ -1,5 +1,7 @@
 #include "ui/wx/layout.h"
 
+#include "ui/wx/common_values.h"
+
 namespace varnhold::ui::wx {
 
 wxBoxSizer* dialogColumn(wxWindow& inside) {
@@ -31,6 +33,31 @@ void FieldGrid::addTall(wxWindow* name, wxWindow* field) {
   Add(name, wxSizerFlags().Top());
   Add(field, wxSizerFlags(1).Expand());
   AddGrowableRow(static_cast<size_t>(GetEffectiveRowsCount()) - 1);
+}
+
+wxSize SharedPlace::CalcMin() {
+  wxSize least;
+  for (auto* part : m_children) least.IncTo(part->CalcMin());
+  return least;
+}
+
+void SharedPlace::RepositionChildren(const wxSize&) {
+  for (auto* part : m_children) {
+    if (part->IsShown()) part->SetDimension(m_position, m_size);
+  }
+}
+
+void coverWhileShown(wxWindow& below, wxWindow& above) {
+  below.Show(!above.IsShown());
+  above.Bind(wxEVT_SHOW, [&below](wxShowEvent& event) {
+    event.Skip();
+    below.Show(!event.IsShown());
+    layoutSoon(below);
+  });
+}
+
+void keepNarrow(wxWindow& widget, int leastWidth) {
+  widget.SetMinSize(wxSize(widget.FromDIP(leastWidth), widget.GetMinSize().y));
 }
 
 }  // namespace varnhold::ui::wx

@@ -26,4 +26,18 @@ class FieldGrid : public wxFlexGridSizer {
   void addTall(wxWindow* name, wxWindow* field);
 };
 
+/// One place for several parts: each that is shown gets all of it. It takes the room of the largest, shown or
+/// not, so that a form keeps its size while they take turns.
+class SharedPlace : public wxSizer {
+ public:
+  wxSize CalcMin() override;
+  void RepositionChildren(const wxSize& least) override;
+};
+
+/// Hides `below`, which is no control's own widget, while `above` is shown in the same place.
+void coverWhileShown(wxWindow& below, wxWindow& above);
+
+/// Lets the room that the form has decide how wide the widget is, and not what stands in it.
+void keepNarrow(wxWindow& widget, int leastWidth);
+
 }  // namespace varnhold::ui::wx

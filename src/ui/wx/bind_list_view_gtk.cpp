@@ -41,6 +41,9 @@ class DataViewList : public wxDataViewCtrl, public ListWidget {
   void setSource(const ui::ListView* source) override;
   void showColumns(const std::vector<wxString>& heads) override;
   void showWidths(const std::vector<int>& widths) override;
+  int cellWidth(int column) const override {
+    return GetColumn(static_cast<unsigned>(column) - 1)->GetWidth();
+  }
   void showSortArrow(int column, bool ascending) override;
   void showRows(int count) override { model_->show(count); }
   RowSelection selection() const override;
@@ -86,6 +89,10 @@ void DataViewList::listenToMouse() {
   Bind(wxEVT_RIGHT_UP, [this](wxMouseEvent& event) {
     event.Skip();
     notices_.released(MouseButton::Right, placeAt(event.GetPosition()));
+  });
+  Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
+    event.Skip();
+    notices_.hovered(placeAt(event.GetPosition()));
   });
   Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
     event.Skip();

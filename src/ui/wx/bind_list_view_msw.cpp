@@ -32,6 +32,7 @@ class NativeList : public wxListView, public ListWidget {
   void setSource(const ui::ListView* source) override { source_ = source; }
   void showColumns(const std::vector<wxString>& heads) override;
   void showWidths(const std::vector<int>& widths) override;
+  int cellWidth(int column) const override { return GetColumnWidth(column - 1); }
   void showSortArrow(int column, bool ascending) override;
   void showRows(int count) override;
   RowSelection selection() const override;
@@ -76,6 +77,10 @@ void NativeList::listenToMouse() {
     event.Skip();
     leftIsDown_ = true;
     notices_.pressed(MouseButton::Left, placeAt(event.GetPosition()));
+  });
+  Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
+    event.Skip();
+    notices_.hovered(placeAt(event.GetPosition()));
   });
   Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
     event.Skip();

@@ -5,6 +5,8 @@
 
 namespace varnhold::ui::wx {
 
+constexpr int kCellEdges = 12;  // pixels at 100 %, what a cell keeps free beside its text
+
 void ListViewBinding::listen() {
   rows_.listen(
       {.selectionMoved = [this] { selectionMoved(); },
@@ -12,7 +14,8 @@ void ListViewBinding::listen() {
        .headClicked =
            [this](int column) { post([column](ui::ListView& list) { list.userColumnClick(column); }); },
        .pressed = [this](MouseButton button, const ListPlace& place) { pressed(button, place); },
-       .released = [this](MouseButton button, const ListPlace& place) { released(button, place); }});
+       .released = [this](MouseButton button, const ListPlace& place) { released(button, place); },
+       .hovered = [this](const ListPlace& place) { hovered(place); }});
   listenToKeys();
   widget().Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
@@ -62,6 +65,16 @@ void ListViewBinding::released(MouseButton button, const ListPlace& place) {
   post([button, place](ui::ListView& list) {
     list.userMouseUp(button, place.row, place.subItem, place.flags);
   });
+}
+
+// What is too long for its cell can be read over it.
+void ListViewBinding::hovered(const ListPlace& place) {
+  if (control() == nullptr || place.row < 1 || place.row > control()->ListItems.Count()) return;
+  const auto text = shown(control()->ListItems(place.row).column(place.subItem));
+  const int room = rows_.cellWidth(place.subItem + 1) - widget().FromDIP(kCellEdges);
+  const bool isCut = widget().GetTextExtent(text).x > room;
+  const auto tip = isCut ? text : shown(control()->ToolTipText);
+  if (widget().GetToolTipText() != tip) widget().SetToolTip(tip);
 }
 
 void ListViewBinding::activated(int row) {

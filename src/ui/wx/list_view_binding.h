@@ -42,6 +42,7 @@ class ListViewBinding : public BoundView<ListControlView, ui::ListView, wxWindow
   void pressed(MouseButton button, const ListPlace& place);
   void released(MouseButton button, const ListPlace& place);
   void activated(int row);
+  void hovered(const ListPlace& place);
   void keyDown(wxKeyEvent& event);
   void typed(wxKeyEvent& event);
   void menuByKey();

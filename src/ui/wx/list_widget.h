@@ -34,6 +34,7 @@ struct ListNotices {
   std::function<void(int row)> activated;
   std::function<void(int column)> headClicked;
   std::function<void(MouseButton, const ListPlace&)> pressed, released;
+  std::function<void(const ListPlace&)> hovered;
 };
 
 /// The list of a host: the native list view on Windows, the data view on GTK. It draws the rows of its source
@@ -48,6 +49,8 @@ class ListWidget {
   /// Makes the columns anew, and takes the source's pictures.
   virtual void showColumns(const std::vector<wxString>& heads) = 0;
   virtual void showWidths(const std::vector<int>& widths) = 0;
+  /// The width of a column's cells, in pixels.
+  [[nodiscard]] virtual int cellWidth(int column) const = 0;
   /// The arrow on the head of a column; 0 for none.
   virtual void showSortArrow(int column, bool ascending) = 0;
   /// There are `count` rows now, and all may show something else. The selection may go.

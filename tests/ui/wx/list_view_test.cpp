@@ -329,6 +329,18 @@ TEST_F(ListViewTest, TellsThatACellBehindTheFirstWasPressedWhereverItWasPressed)
   EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left DELOS 1 6")) << "also without a picture";
 }
 
+TEST_F(ListViewTest, ShowsATextThatIsTooLongForItsCellUnderThePointer) {
+  const std::string longText(100, 'W');
+  list.ListItems(2).SubItems(1) = longText;
+  settle();
+  user.MouseMove(placeOfCell(widget(), 2, 2));
+  settle();
+  EXPECT_EQ(widget().GetToolTipText(), longText);
+  user.MouseMove(placeOfCell(widget(), 3, 2));
+  settle();
+  EXPECT_EQ(widget().GetToolTipText(), "");
+}
+
 TEST_F(ListViewTest, TakesTheMenuKeyForARightPressOnTheFocusedRow) {
   clickRow(3);
   hearMouse();

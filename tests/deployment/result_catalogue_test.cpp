@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "tests/deployment/result_catalogue_expected.h"
 
 namespace varnhold::deployment {
@@ -24,6 +26,25 @@ TEST(ResultCatalogue, WordsEveryDocumentedCodeInBothCatalogues) {
   for (const auto& row : kExpectedTexts) {
     EXPECT_EQ(VarnholdResultText(row.code, "HOST7"), row.varnhold) << row.code;
     EXPECT_EQ(TessmarkResultText(row.code, "HOST7"), row.tessmark) << row.code;
+  }
+}
+
+/// The line of the user's guide that explains the code; empty where there is none.
+std::string lineOfGuide(std::int32_t code) {
+  std::ifstream guide(VARNHOLD_SOURCE_DIR "/docs/deploying/results.md");
+  const auto start = "| " + std::to_string(code) + " |";
+  for (std::string line; std::getline(guide, line);) {
+    if (line.starts_with(start)) return line;
+  }
+  return {};
+}
+
+TEST(ResultCatalogue, IsExplainedToTheUserCodeByCode) {
+  for (const auto& row : kExpectedTexts) {
+    const std::string varnhold = row.varnhold;
+    auto text = replaceAll(varnhold == kUnknown ? row.tessmark : varnhold, "HOST7", "NAME");
+    text = text.substr(0, text.find("\r\n"));
+    EXPECT_NE(lineOfGuide(row.code).find(text), std::string::npos) << row.code << ": " << text;
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,6 +31,11 @@ inline constexpr std::size_t kLongestText = 1023;
   if (buffer == nullptr || bytes.size() >= size) return false;
   buffer[bytes.copy(buffer, bytes.size())] = '\0';
   return true;
+}
+
+/// The bytes that the text takes in a caller's buffer, its NUL included.
+[[nodiscard]] inline std::uint32_t sizeOf(const std::string& utf8) {
+  return static_cast<std::uint32_t>(host::toAbi(utf8).size() + 1);
 }
 
 /// Runs the body of an exported function. No exception leaves: `failure` is the result then.

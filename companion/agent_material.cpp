@@ -38,7 +38,7 @@ bool addFolder(const fs::path& folder, const std::string& prefix, std::vector<Ma
 
 AgentMaterial captureMaterial(const fs::path& libraryFolder, const AgentProduct& product,
                               std::string managerName, std::string version) {
-  AgentMaterial material{libraryFolder, std::move(managerName), std::move(version), {}};
+  AgentMaterial material{&product, libraryFolder, std::move(managerName), std::move(version), {}};
   const auto capture = [&](const fs::path& folder, const std::string& prefix, std::string_view name) {
     const MaterialFile file{prefix + std::string(name), resolveIgnoringCase(folder, {std::string(name)})};
     if (auto bytes = readWhole(file.source, kLargestFile)) material.captured[file.name] = std::move(*bytes);
@@ -48,10 +48,9 @@ AgentMaterial captureMaterial(const fs::path& libraryFolder, const AgentProduct&
   return material;
 }
 
-std::optional<std::vector<MaterialFile>> listMaterial(const AgentMaterial& material,
-                                                      const AgentProduct& product) {
+std::optional<std::vector<MaterialFile>> listMaterial(const AgentMaterial& material) {
   std::vector<MaterialFile> files;
-  if (!addFolder(productFolder(material.libraryFolder, product), "", files)) return std::nullopt;
+  if (!addFolder(productFolder(material.libraryFolder, *material.product), "", files)) return std::nullopt;
   if (!addFolder(material.libraryFolder, std::string(kMaterialFolder) + "\\", files)) return std::nullopt;
   std::sort(files.begin(), files.end(),
             [](const MaterialFile& left, const MaterialFile& right) { return left.name < right.name; });

@@ -1,8 +1,9 @@
 #include "companion/changes.h"
 
-#include <algorithm>
+#include <optional>
 
 #include "base/text.h"
+#include "companion/agent_files.h"
 #include "companion/paths.h"
 
 namespace varnhold::companion {
@@ -14,6 +15,12 @@ void attempt(Win32Error) {}
 std::string keyAbove(const std::string& key) {
   const auto last = key.rfind('\\');
   return last == std::string::npos ? std::string() : key.substr(0, last);
+}
+
+std::optional<NamedValue> valueOf(RemoteRegistry& registry, const std::string& key, std::string_view name) {
+  for (const NamedValue& value : registry.values(key))
+    if (equalsIgnoringCase(value.name, name)) return value;
+  return std::nullopt;
 }
 
 Win32Error removeOneKey(RemoteRegistry& registry, const std::string& key, TakeBack& takeBack) {
@@ -66,6 +73,15 @@ Win32Error removeEmptyFolder(RemoteFiles& files, const std::string& path, TakeBa
   return kDone;
 }
 
+Win32Error removeFolderTree(RemoteFiles& files, const std::string& path, TakeBack& takeBack) {
+  for (const std::string& name : files.names(path)) {
+    const std::string entry = below(path, name);
+    const auto remove = files.isFolder(entry) ? removeFolderTree : removeFile;
+    if (const Win32Error error = remove(files, entry, takeBack)) return error;
+  }
+  return removeEmptyFolder(files, path, takeBack);
+}
+
 Win32Error makeKeys(RemoteRegistry& registry, const std::string& key, TakeBack& takeBack) {
   if (key.empty() || registry.hasKey(key)) return kDone;
   if (const Win32Error error = makeKeys(registry, keyAbove(key), takeBack)) return error;
@@ -76,15 +92,21 @@ Win32Error makeKeys(RemoteRegistry& registry, const std::string& key, TakeBack& 
 
 Win32Error setValue(RemoteRegistry& registry, const std::string& key, const NamedValue& value,
                     TakeBack& takeBack) {
-  const auto values = registry.values(key);
-  const auto before = std::find_if(values.begin(), values.end(), [&](const NamedValue& present) {
-    return equalsIgnoringCase(present.name, value.name);
-  });
+  const auto before = valueOf(registry, key, value.name);
   if (const Win32Error error = registry.set(key, value)) return error;
-  if (before == values.end())
+  if (!before)
     takeBack.add([&registry, key, name = value.name] { attempt(registry.removeValue(key, name)); });
   else
     takeBack.add([&registry, key, present = *before] { attempt(registry.set(key, present)); });
+  return kDone;
+}
+
+Win32Error removeValue(RemoteRegistry& registry, const std::string& key, const std::string& name,
+                       TakeBack& takeBack) {
+  const auto before = valueOf(registry, key, name);
+  if (!before) return kDone;
+  if (const Win32Error error = registry.removeValue(key, name)) return error;
+  takeBack.add([&registry, key, present = *before] { attempt(registry.set(key, present)); });
   return kDone;
 }
 
@@ -94,6 +116,14 @@ Win32Error removeKeyTree(RemoteRegistry& registry, const std::string& key, TakeB
     if (const Win32Error error = removeKeyTree(registry, key + '\\' + name, takeBack)) return error;
   // With its last key below it, a key that had no lines of its own is gone as well.
   return registry.hasKey(key) ? removeOneKey(registry, key, takeBack) : kDone;
+}
+
+Win32Error removeEmptyKeys(RemoteRegistry& registry, std::string key, TakeBack& takeBack) {
+  for (; key.find('\\') != std::string::npos; key = keyAbove(key)) {
+    if (!registry.values(key).empty() || !registry.subkeys(key).empty()) break;
+    if (const Win32Error error = removeKeyTree(registry, key, takeBack)) return error;
+  }
+  return kDone;
 }
 
 }  // namespace varnhold::companion

@@ -19,12 +19,19 @@ namespace varnhold::companion {
 [[nodiscard]] Win32Error removeFile(RemoteFiles& files, const std::string& path, TakeBack& takeBack);
 /// Removes the folder when it is empty; one that is not there, or not empty, is left without an error.
 [[nodiscard]] Win32Error removeEmptyFolder(RemoteFiles& files, const std::string& path, TakeBack& takeBack);
+/// Removes the folder with all below it; one that is not there counts as removed.
+[[nodiscard]] Win32Error removeFolderTree(RemoteFiles& files, const std::string& path, TakeBack& takeBack);
 
 /// Makes the key and those above it.
 [[nodiscard]] Win32Error makeKeys(RemoteRegistry& registry, const std::string& key, TakeBack& takeBack);
 [[nodiscard]] Win32Error setValue(RemoteRegistry& registry, const std::string& key, const NamedValue& value,
                                   TakeBack& takeBack);
+/// A value that is not there counts as removed.
+[[nodiscard]] Win32Error removeValue(RemoteRegistry& registry, const std::string& key,
+                                     const std::string& name, TakeBack& takeBack);
 /// Removes the key with all below it; one that is not there counts as removed.
 [[nodiscard]] Win32Error removeKeyTree(RemoteRegistry& registry, const std::string& key, TakeBack& takeBack);
+/// Removes the keys from this one upward that hold nothing, up to the one that belongs to all products.
+[[nodiscard]] Win32Error removeEmptyKeys(RemoteRegistry& registry, std::string key, TakeBack& takeBack);
 
 }  // namespace varnhold::companion

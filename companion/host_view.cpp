@@ -1,11 +1,15 @@
 #include "companion/host_view.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "companion/paths.h"
 #include "platform/formats/path_translation.h"
 
 namespace varnhold::companion {
 namespace {
+
+constexpr std::uint32_t kStop = 1;  // winsvc.h SERVICE_CONTROL_STOP
 
 /// Opens the computer's service manager, and does something with its services.
 template <typename Action>
@@ -15,6 +19,12 @@ Win32Error withServices(const Network& network, const std::string& machine, Acti
   if (const Win32Error refused = computer->refusal("service_manager")) return refused;
   if (const Win32Error error = computer->services().open()) return error;
   return action(*computer);
+}
+
+bool canBeServiceAccount(const std::string& account) {
+  if (account == ServiceEntry().account) return true;
+  const auto cut = account.find('\\');
+  return cut != std::string::npos && cut > 0 && cut + 1 < account.size();
 }
 
 }  // namespace
@@ -32,7 +42,6 @@ Win32Error openService(const Network& network, const std::string& machine, const
 
 Win32Error controlService(const Network& network, const std::string& machine, const std::string& service,
                           std::uint32_t control) {
-  constexpr std::uint32_t kStop = 1;  // winsvc.h SERVICE_CONTROL_STOP
   return withServices(network, machine, [&](RemoteComputer& computer) {
     if (control != kStop) return kInvalidControl;
     if (const Win32Error refused = computer.refusal("stop")) return refused;
@@ -45,6 +54,38 @@ Win32Error startService(const Network& network, const std::string& machine, cons
     if (const Win32Error refused = computer.refusal("start")) return refused;
     return computer.services().start(service);
   });
+}
+
+Win32Error queryServiceAccount(const Network& network, const std::string& machine, const std::string& service,
+                               std::string& account) {
+  return withServices(network, machine, [&](RemoteComputer& computer) {
+    ServiceEntry entry;
+    if (const Win32Error error = computer.services().query(service, entry)) return error;
+    account = entry.account;
+    return kDone;
+  });
+}
+
+Win32Error changeServiceAccount(const Network& network, const std::string& machine,
+                                const std::string& service, const std::string& account,
+                                const std::string& password) {
+  return withServices(network, machine, [&](RemoteComputer& computer) {
+    ServiceEntry entry;
+    if (const Win32Error error = computer.services().query(service, entry)) return error;
+    if (const Win32Error refused = computer.refusal("account")) return refused;
+    if (account.empty()) return kDone;
+    if (!canBeServiceAccount(account)) return kInvalidAccount;
+    const bool isBuiltIn = account == ServiceEntry().account;
+    if (!isBuiltIn && computer.logOn(account, password) == kLogonRefused) return kInvalidAccount;
+    entry.account = account;
+    return computer.services().change(entry, password);
+  });
+}
+
+Win32Error restartService(const Network& network, const std::string& machine, const std::string& service) {
+  const Win32Error stopped = controlService(network, machine, service, kStop);
+  if (stopped != kDone && stopped != kServiceNotActive) return stopped;
+  return startService(network, machine, service);
 }
 
 Win32Error openEventLog(const Network& network, const std::string& machine, const std::string& log) {
@@ -68,13 +109,26 @@ Win32Error ShareConnections::connect(const Network& network, const std::string& 
   if (computer == nullptr) return kNetworkPathMissing;
   if (const Win32Error error = computer->logOn(account, password)) return error;
   const std::lock_guard lock(mutex_);
-  connected_.insert(toUpper(share));
+  connected_[toUpper(share)] = computer->facts().name;
   return kDone;
 }
 
 Win32Error ShareConnections::disconnect(const std::string& share) {
   const std::lock_guard lock(mutex_);
   return connected_.erase(toUpper(share)) > 0 ? kDone : kNotConnected;
+}
+
+bool ShareConnections::isConnected(const Network& network, const std::string& nameOrAddress) {
+  const auto computer = network.find(nameOrAddress);
+  if (computer == nullptr) return false;
+  const std::lock_guard lock(mutex_);
+  return std::any_of(connected_.begin(), connected_.end(),
+                     [&](const auto& entry) { return entry.second == computer->facts().name; });
+}
+
+ShareConnections& ownShareConnections() {
+  static auto* own = new ShareConnections;
+  return *own;
 }
 
 }  // namespace varnhold::companion

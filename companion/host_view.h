@@ -1,8 +1,8 @@
 #pragma once
 
+#include <map>
 #include <mutex>
 #include <optional>
-#include <set>
 #include <string>
 
 #include "companion/remote_computer.h"
@@ -19,6 +19,17 @@ namespace varnhold::companion {
                                         const std::string& service, std::uint32_t control);
 [[nodiscard]] Win32Error startService(const Network& network, const std::string& machine,
                                       const std::string& service);
+/// QueryServiceConfig: the account that the service logs on with.
+[[nodiscard]] Win32Error queryServiceAccount(const Network& network, const std::string& machine,
+                                             const std::string& service, std::string& account);
+/// ChangeServiceConfig: an empty account leaves the service as it is. kInvalidAccount for an account that is
+/// neither LocalSystem nor of the form "DOMAIN\user", and for one that the computer does not let in.
+[[nodiscard]] Win32Error changeServiceAccount(const Network& network, const std::string& machine,
+                                              const std::string& service, const std::string& account,
+                                              const std::string& password);
+/// Stops the service when it runs, and starts it.
+[[nodiscard]] Win32Error restartService(const Network& network, const std::string& machine,
+                                        const std::string& service);
 [[nodiscard]] Win32Error openEventLog(const Network& network, const std::string& machine,
                                       const std::string& log);
 
@@ -29,11 +40,16 @@ class ShareConnections {
                                    const std::string& account, const std::string& password);
   /// kNotConnected for a share that was not connected.
   [[nodiscard]] Win32Error disconnect(const std::string& share);
+  /// Is a share of the computer connected?
+  [[nodiscard]] bool isConnected(const Network& network, const std::string& nameOrAddress);
 
  private:
   std::mutex mutex_;
-  std::set<std::string> connected_;  ///< in upper case
+  std::map<std::string, std::string> connected_;  ///< share in upper case, computer
 };
+
+/// Those of this process. Never destroyed.
+[[nodiscard]] ShareConnections& ownShareConnections();
 
 /// The path on the computer, "C:\folder\file", behind `\\HOST\C$\folder\file`, and the host; nothing for
 /// other paths.

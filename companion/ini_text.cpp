@@ -168,6 +168,10 @@ void IniText::insert(std::size_t at, Line line) {
   lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), std::move(line));
 }
 
+void IniText::removeValue(std::string_view section, std::string_view key) {
+  if (const auto at = find(section, key)) lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(*at));
+}
+
 void IniText::removeSection(std::string_view section) {
   std::erase_if(lines_, [&](const Line& line) { return equalsIgnoringCase(line.section, section); });
 }

@@ -27,6 +27,8 @@ class IniText {
   /// Changes the value in its line, or adds the line at the end of its section, or the section at the end.
   /// Control characters in `value` become blanks.
   void setValue(std::string_view section, std::string_view key, std::string_view value);
+  /// Removes the value's line.
+  void removeValue(std::string_view section, std::string_view key);
   /// Removes all lines of the section.
   void removeSection(std::string_view section);
 

@@ -1,9 +1,8 @@
-#include <charconv>
-
 #include "base/text.h"
+#include "companion/agent_version.h"
 #include "companion/changes.h"
-#include "companion/host.h"
 #include "companion/job.h"
+#include "companion/material_steps.h"
 #include "companion/paths.h"
 #include "companion/step_codes.h"
 #include "companion/steps_shared.h"
@@ -11,20 +10,11 @@
 namespace varnhold::companion {
 namespace {
 
-constexpr std::string_view kProgramFiles = "%Program Files%";
-constexpr std::size_t kLargestConfiguration = 16U << 20;
+/// The two boxes of the wizard write it differently.
+constexpr std::string_view kProgramFiles[] = {"%Program Files%", "%ProgramFiles%"};
 
-/// The numbers of "7.0.12"; nothing for any other text.
-std::optional<std::vector<unsigned>> versionNumbers(const std::string& version) {
-  std::vector<unsigned> numbers;
-  for (const std::string& part : split(trimBlanks(version), '.')) {
-    unsigned number = 0;
-    const auto [end, error] = std::from_chars(part.data(), part.data() + part.size(), number);
-    if (error != std::errc() || end != part.data() + part.size()) return std::nullopt;
-    numbers.push_back(number);
-  }
-  while (numbers.size() > 1 && numbers.back() == 0) numbers.pop_back();
-  return numbers;
+Win32Error copyMaterial(JobContext& context) {
+  return bringMaterial(context, [](const std::string&) { return false; });
 }
 
 /// An agent that is there already is replaced, unless it is of the first version or a later one than ours. A
@@ -51,9 +41,10 @@ bool mustStop(const JobContext& context) {
 
 std::string expandFolder(const std::string& directory, const std::string& programFiles) {
   const std::string path = trimBlanks(directory);
-  const bool relative =
-      equalsIgnoringCase(std::string_view(path).substr(0, kProgramFiles.size()), kProgramFiles);
-  return relative ? programFiles + path.substr(kProgramFiles.size()) : path;
+  for (const std::string_view variable : kProgramFiles)
+    if (equalsIgnoringCase(std::string_view(path).substr(0, variable.size()), variable))
+      return programFiles + path.substr(variable.size());
+  return path;
 }
 
 Win32Error makeDirectory(JobContext& context) {
@@ -62,64 +53,6 @@ Win32Error makeDirectory(JobContext& context) {
   if (!path) return kBadPathName;
   context.folder = path->text();
   return makeFolders(context.computer.files(), context.folder, context.takeBack, context.madeFolders);
-}
-
-/// The list of files comes first, so that what a killed job left can still be uninstalled.
-Win32Error writeFileList(JobContext& context, const std::vector<MaterialFile>& material) {
-  const std::string list = below(context.folder, kAgentFilesList);
-  AgentFiles files;
-  if (const auto bytes = context.computer.files().read(list)) files = readAgentFiles(*bytes, context.folder);
-  for (const std::string& folder : context.madeFolders) files.addFolder(folder);
-  files.addFile(std::string(context.product.configuration));
-  for (const MaterialFile& file : material) {
-    files.addFile(file.name);
-    for (auto cut = file.name.find('\\'); cut != std::string::npos; cut = file.name.find('\\', cut + 1))
-      files.addFolder(below(context.folder, file.name.substr(0, cut)));
-  }
-  return writeFile(context.computer.files(), list, writeAgentFiles(files), context.takeBack);
-}
-
-Win32Error copyFile(JobContext& context, const MaterialFile& file) {
-  const auto bytes = readMaterial(context.material, file);
-  if (!bytes) return kFileMissing;
-  const std::string target = below(context.folder, file.name);
-  const auto folder = folderAbove(target);
-  if (!folder) return kBadPathName;
-  RemoteFiles& files = context.computer.files();
-  if (const Win32Error error = makeFolders(files, *folder, context.takeBack, context.madeFolders))
-    return error;
-  return writeFile(files, target, *bytes, context.takeBack);
-}
-
-Win32Error copyMaterial(JobContext& context) {
-  const auto material = listMaterial(context.material, context.product);
-  if (!material) return kPathMissing;
-  if (const Win32Error error = writeFileList(context, *material)) return error;
-  for (const MaterialFile& file : *material)
-    if (const Win32Error error = copyFile(context, file)) return error;
-  return kDone;
-}
-
-bool hasConfigFile(const JobContext& context) {
-  return !context.record.configFile.empty();
-}
-
-Win32Error copyConfigFile(JobContext& context) {
-  const auto bytes = readWhole(host::localPath(context.record.configFile), kLargestConfiguration);
-  if (!bytes) return kFileMissing;
-  const std::string target = below(context.folder, context.product.configuration);
-  return writeFile(context.computer.files(), target, *bytes, context.takeBack);
-}
-
-NamedValue textValue(const std::string& name, const std::string& text) {
-  return {name, {platform::kRegText, text + '\0'}};
-}
-
-NamedValue numberValue(const std::string& name, std::int32_t number) {
-  NamedValue value{name, {platform::kRegNumber, {}}};
-  for (unsigned shift = 0; shift < 32; shift += 8)
-    value.value.bytes += static_cast<char>(static_cast<std::uint32_t>(number) >> shift & 0xFF);
-  return value;
 }
 
 Win32Error writeRegistry(JobContext& context) {
@@ -171,15 +104,6 @@ Win32Error setAccount(JobContext& context) {
   return context.computer.services().change(entry, context.record.servicePassword);
 }
 
-Win32Error startService(JobContext& context) {
-  RemoteServices& services = context.computer.services();
-  const std::string name(context.product.serviceName);
-  const Win32Error error = services.start(name);
-  if (error == kServiceRunning) return kDone;
-  if (error == kDone) context.takeBack.add([&services, name] { static_cast<void>(services.stop(name)); });
-  return error;
-}
-
 Win32Error configureSecurity(JobContext& context) {
   return context.computer.services().secure(std::string(context.product.serviceName));
 }
@@ -212,10 +136,40 @@ constexpr Step kInstallSteps[] = {
     {"earlier_folder", removeEarlierFolder, kInstalled, {}, hasMoved},
 };
 
+/// What an earlier agent recorded stays; where there is nothing yet, the agent's first snapshot is made.
+Win32Error provideSnapshots(JobContext& context) {
+  RemoteFiles& files = context.computer.files();
+  const std::string folder = below(context.folder, context.product.snapshotFolder);
+  if (!files.names(folder).empty()) return kAlreadyExists;
+  if (const Win32Error error = makeFolders(files, folder, context.takeBack, context.madeFolders))
+    return error;
+  return writeFile(files, below(folder, "first.tks"), "First snapshot.\r\n", context.takeBack);
+}
+
+/// Its catalogue knows no warning about security, and words rights and a silent service of its own.
+constexpr Step kTessmarkInstallSteps[] = {
+    {"connect", reach, 154, kTessmarkConnectCodes},
+    {"version", checkVersion, 154, kVersionCodes},
+    {"stop", stopService, 223, kStopCodes, mustStop},
+    {"directory", makeDirectory, 155},
+    {"copy", copyMaterial, 351},
+    {"remote_registry", openRegistry, 159},
+    {"registry", writeRegistry, 158},
+    {"service_manager", openServiceManager, 170, kTessmarkManagerCodes},
+    {"service", createService, 180, kCreateServiceCodes},
+    {"start", startService, kNotStarted, kStartCodes},
+    {"snapshots", provideSnapshots, 351, kSnapshotCodes},
+    {"earlier_folder", removeEarlierFolder, kInstalled, {}, hasMoved},
+};
+
 }  // namespace
 
 std::span<const Step> installSteps() {
   return kInstallSteps;
+}
+
+std::span<const Step> tessmarkInstallSteps() {
+  return kTessmarkInstallSteps;
 }
 
 }  // namespace varnhold::companion

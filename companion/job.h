@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <span>
@@ -21,8 +22,14 @@ inline constexpr std::int32_t kUninstalled = 152;
 inline constexpr std::int32_t kCannotConnect = 154;
 inline constexpr std::int32_t kSecurityNotConfigured = 167;  ///< a warning: installed all the same
 inline constexpr std::int32_t kNotStarted = 232;             ///< a warning: installed all the same
-inline constexpr std::int32_t kSnapshotsKept = 290;
+inline constexpr std::int32_t kSnapshotsKept = 290;          ///< a warning: installed all the same
+inline constexpr std::int32_t kUpgraded = 700;
+inline constexpr std::int32_t kUpgradedNotStarted = 704;  ///< a warning: upgraded all the same
+inline constexpr std::int32_t kLocalRegistryUnreadable = 706;
 inline constexpr std::int32_t kUnknownFailure = 710;
+inline constexpr std::int32_t kDoneOverIp = 3000;
+inline constexpr std::int32_t kGeneralErrorOverIp = 3001;
+inline constexpr std::int32_t kHostInformationMissing = 3017;
 
 /// A job's own copy of its record: what of it the steps use, in UTF-8.
 struct JobRecord {
@@ -33,18 +40,23 @@ struct JobRecord {
   std::int32_t agentMode = 0;
   bool agentless = false;
   bool remedialActions = false;
+  bool keepsSnapshots = false;           ///< an uninstall leaves them
+  bool isVistaTarget = false;            ///< `OSFlag` 6
+  bool shareConnected = false;           ///< an account was given for the computer's shares already
+  std::filesystem::path agentLibrary{};  ///< over IP: the manager's "...\vhagent"
 };
 
 /// What one job works with and what its steps tell each other.
 struct JobContext {
-  JobContext(RemoteComputer& itsComputer, const AgentProduct& itsProduct, const JobRecord& itsRecord,
-             const AgentMaterial& itsMaterial)
-      : computer(itsComputer), product(itsProduct), record(itsRecord), material(itsMaterial) {}
+  JobContext(RemoteComputer& itsComputer, const JobRecord& itsRecord, const AgentMaterial& itsMaterial)
+      : computer(itsComputer), product(*itsMaterial.product), record(itsRecord), material(itsMaterial) {}
 
   RemoteComputer& computer;
   const AgentProduct& product;
   const JobRecord& record;
   const AgentMaterial& material;
+  RemoteComputer* manager = nullptr;  ///< of an agentless job: the manager's own computer
+  std::string polledName;             ///< of an agentless job: the name in the manager's list
 
   std::string folder;                          ///< the agent's on the target: "C:\...\Varnhold"
   std::optional<std::string> earlierFolder;    ///< of an agent that is registered there already
@@ -68,16 +80,26 @@ struct Step {
   bool (*applies)(const JobContext&) = nullptr;  ///< null: always
 };
 
-/// The steps that install an agent, and those that uninstall it, in their order.
+/// The steps of each job, in their order.
 [[nodiscard]] std::span<const Step> installSteps();
 [[nodiscard]] std::span<const Step> uninstallSteps();
+[[nodiscard]] std::span<const Step> upgradeSteps();
+[[nodiscard]] std::span<const Step> overIpUpgradeSteps();
+[[nodiscard]] std::span<const Step> versionCheckSteps();
+[[nodiscard]] std::span<const Step> tessmarkInstallSteps();
+[[nodiscard]] std::span<const Step> tessmarkUninstallSteps();
+[[nodiscard]] std::span<const Step> agentlessInstallSteps();
+[[nodiscard]] std::span<const Step> agentlessUninstallSteps();
 
-/// Runs the steps in order. A warning (167, 232) is remembered and the job goes on; any other error ends it
-/// with the step's code, and what was done is taken back. `success`, or the first warning, when all went
-/// through.
+/// Runs the steps in order. A warning (167, 232, 290, 704) is remembered and the job goes on; any other error
+/// ends it with the step's code, and what was done is taken back. `success`, or the first warning, when all
+/// went through.
 [[nodiscard]] std::int32_t runSteps(std::span<const Step> steps, std::int32_t success, JobContext& context);
 
-enum class JobKind { Install, Uninstall };
+enum class JobKind { Install, Uninstall, Upgrade, UpgradeOverIp, CheckVersion };
+
+/// The name of the job in a computer's script.
+[[nodiscard]] std::string_view scriptName(JobKind kind);
 
 /// Pauses the calling thread.
 using Sleep = std::function<void(std::chrono::milliseconds)>;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "companion/agent_mode.h"
 #include "companion/agent_product.h"
 #include "companion/host.h"
 #include "companion/ini_text.h"
@@ -12,16 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::int32_t kUpgrade = 0, kStandard = 1, kHighPerformance = 5;
+constexpr std::int32_t kUpgradeMode = 0;  ///< standard too, as an upgrade says it
 constexpr std::size_t kLargestFile = 16U << 20;
-
-/// The library is named without its ending, as for LoadLibrary.
-bool hasLibrary(const fs::path& library) {
-  fs::path withEnding = library;
-  withEnding += ".dll";
-  std::error_code error;
-  return fs::is_regular_file(library, error) || fs::is_regular_file(withEnding, error);
-}
 
 /// The lock lies beside the folders, so that it does not go to a target with their files.
 std::unique_ptr<Hold> lockMaterial(const fs::path& folder) {
@@ -35,16 +28,23 @@ bool isPlain(const std::string& text) {
 
 }  // namespace
 
+bool hasLibrary(const fs::path& library) {
+  fs::path withEnding = library;
+  withEnding += ".dll";
+  std::error_code error;
+  return fs::is_regular_file(library, error) || fs::is_regular_file(withEnding, error);
+}
+
 bool editAgentConfiguration(const fs::path& agentLibrary, const fs::path& agentFolder,
                             const fs::path& iniFile, std::int32_t mode) {
-  if (mode != kUpgrade && mode != kStandard && mode != kHighPerformance) return false;
+  if (mode != kUpgradeMode && mode != kStandardMode && mode != kHighPerformanceMode) return false;
   std::error_code error;
   if (!fs::is_directory(agentFolder, error) || !hasLibrary(agentLibrary)) return false;
   const auto lock = lockMaterial(agentFolder);
   const auto bytes = readWhole(iniFile, kLargestFile);
   if (!bytes || bytes->find('\0') != std::string::npos) return false;
   IniText ini(*bytes);
-  ini.setValue("Performance", "HighPerformance", mode == kHighPerformance ? "1" : "0");
+  setHighPerformance(ini, mode == kHighPerformanceMode);
   const std::string text = ini.text();
   return text == *bytes || host::replaceFile(iniFile, text) == kDone;
 }

@@ -4,8 +4,11 @@
 #include <filesystem>
 #include <string>
 
-/// The two files that the manager readies for an install.
+/// What the manager readies and needs on its own computer: the agent's library and two files.
 namespace varnhold::companion {
+
+/// Is the library there? It is named without its ending, as for LoadLibrary.
+[[nodiscard]] bool hasLibrary(const std::filesystem::path& library);
 
 /// `qrvCReadNWriteVhaConfigINI4Turbo`: sets the key HighPerformance of the section Performance to 0 for the
 /// modes 0 and 1, to 1 for mode 5; all other lines stay as they are. False when the ini file or the agent's

@@ -1,6 +1,10 @@
 #include "companion/include/qrvhost.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "companion/abi.h"
+#include "companion/accounts.h"
 #include "companion/host_view.h"
 #include "companion/lab/lab_network.h"
 #include "companion/paths.h"
@@ -12,11 +16,6 @@ namespace {
 
 LabNetwork lab() {
   return LabNetwork(readSurroundings().labFolder);
-}
-
-ShareConnections& connections() {
-  static auto* own = new ShareConnections;
-  return *own;
 }
 
 /// Calls `action` with the arguments as text; kInvalidParameter when one is null or too long, or the call
@@ -71,17 +70,57 @@ uint32_t qrvHostStartService(const char* machine, const char* service) {
   return call([](Texts text) { return startService(lab(), *text[0], *text[1]); }, machine, service);
 }
 
+uint32_t qrvHostQueryServiceAccount(const char* machine, const char* service, char* account, uint32_t size,
+                                    uint32_t* needed) {
+  return call(
+      [&](Texts text) -> std::uint32_t {
+        std::string found;
+        if (needed == nullptr) return kInvalidParameter;
+        if (const Win32Error error = queryServiceAccount(lab(), *text[0], *text[1], found)) return error;
+        *needed = abi::sizeOf(found);
+        if (size < *needed) return kBufferInsufficient;
+        return abi::write(account, size, found) ? kDone : kInvalidParameter;
+      },
+      machine, service);
+}
+
+uint32_t qrvHostChangeServiceAccount(const char* machine, const char* service, const char* account,
+                                     const char* password) {
+  return call([](Texts text) { return changeServiceAccount(lab(), *text[0], *text[1], *text[2], *text[3]); },
+              machine, service, account, password);
+}
+
+uint32_t qrvHostLookupAccountName(const char* machine, const char* account, uint8_t* sid, uint32_t* sidSize,
+                                  char* domain, uint32_t* domainSize) {
+  return call(
+      [&](Texts text) -> std::uint32_t {
+        if (sidSize == nullptr || domainSize == nullptr) return kInvalidParameter;
+        const Surroundings surroundings = readSurroundings();
+        KnownAccount found;
+        if (const Win32Error error = lookupAccount(LabNetwork(surroundings.labFolder),
+                                                   surroundings.managerName, *text[0], *text[1], found))
+          return error;
+        const std::uint32_t sidRoom = std::exchange(*sidSize, static_cast<std::uint32_t>(found.sid.size()));
+        const std::uint32_t domainRoom = std::exchange(*domainSize, abi::sizeOf(found.domain));
+        if (sidRoom < *sidSize || domainRoom < *domainSize) return kBufferInsufficient;
+        if (sid == nullptr || !abi::write(domain, domainRoom, found.domain)) return kInvalidParameter;
+        std::copy(found.sid.begin(), found.sid.end(), sid);
+        return kDone;
+      },
+      machine, account);
+}
+
 uint32_t qrvHostOpenEventLog(const char* machine, const char* log) {
   return call([](Texts text) { return openEventLog(lab(), *text[0], *text[1]); }, machine, log);
 }
 
 uint32_t qrvHostConnectShare(const char* share, const char* account, const char* password) {
-  return call([](Texts text) { return connections().connect(lab(), *text[0], *text[1], *text[2]); }, share,
-              account, password);
+  return call([](Texts text) { return ownShareConnections().connect(lab(), *text[0], *text[1], *text[2]); },
+              share, account, password);
 }
 
 uint32_t qrvHostDisconnectShare(const char* share) {
-  return call([](Texts text) { return connections().disconnect(*text[0]); }, share);
+  return call([](Texts text) { return ownShareConnections().disconnect(*text[0]); }, share);
 }
 
 uint32_t qrvHostSharePath(const char* uncPath, char* path) {

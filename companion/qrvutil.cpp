@@ -1,72 +1,21 @@
 #include "companion/include/qrvutil.h"
 
-#include <thread>
-
 #include "companion/abi.h"
+#include "companion/host_view.h"
 #include "companion/inventory.h"
-#include "companion/job.h"
 #include "companion/lab/lab_network.h"
 #include "companion/local_calls.h"
 #include "companion/paths.h"
 #include "companion/surroundings.h"
 #include "companion/systems.h"
 
+// The functions of the C ABI about the computers and the manager's own files.
 static_assert(sizeof(void*) != 4 || sizeof(QrvSystemDetails) == 36);
 
 namespace varnhold::companion {
 namespace {
 
 constexpr std::size_t kLongestName = kQrvSystemNameSize - 1;
-constexpr std::uint32_t kExitCodeBase = 1000;
-constexpr std::uint8_t kAgentless = 1;
-
-std::optional<JobRecord> copyRecord(const QrvDeploymentJob& job) {
-  const auto name = abi::text(job.SystemName, kLongestName);
-  const auto directory = abi::text(job.InstallDirectory);
-  const auto user = abi::text(job.ServiceUser);
-  const auto password = abi::text(job.ServicePassword);
-  const auto configFile = abi::text(job.ConfigFile);
-  if (!name || !directory || !user || !password || !configFile) return std::nullopt;
-  return JobRecord{*name,
-                   *directory,
-                   *user,
-                   *password,
-                   *configFile,
-                   job.AgentMode,
-                   job.AgentKind == kAgentless,
-                   job.RemedialFlag != 0};
-}
-
-/// Everything that the thread works with is its own.
-struct Job {
-  JobKind kind;
-  LabNetwork network;
-  JobScript script;
-  JobRecord record;
-  AgentMaterial material;
-};
-
-std::uint32_t exitCode(const Job& job) {
-  const Sleep sleep = [](std::chrono::milliseconds time) { std::this_thread::sleep_for(time); };
-  const std::int32_t result = runJob(job.kind, job.network, job.script, job.record, job.material, sleep);
-  return kExitCodeBase + static_cast<std::uint32_t>(result);
-}
-
-QrvThread startJob(JobKind kind, const QrvDeploymentJob* job, const char* libraryPath) {
-  const auto library = abi::text(libraryPath);
-  if (job == nullptr || !library) return nullptr;
-  const auto record = copyRecord(*job);
-  if (!record) return nullptr;
-  const Surroundings surroundings = readSurroundings();
-  const LabNetwork network(surroundings.labFolder);
-  const JobScript script =
-      network.script(record->systemName, kind == JobKind::Install ? "install" : "uninstall");
-  if (script.noThread) return nullptr;
-  AgentMaterial material = captureMaterial(host::localPath(*library), kVarnholdAgent,
-                                           surroundings.managerName, surroundings.agentVersion);
-  return host::startThread([work = Job{kind, network, script, *record, std::move(material)}](
-                               const std::stop_token&) { return exitCode(work); });
-}
 
 LabNetwork lab() {
   return LabNetwork(readSurroundings().labFolder);
@@ -96,14 +45,6 @@ bool fillDetails(QrvSystemDetails& details, const SystemFacts& facts) {
 }  // namespace varnhold::companion
 
 using namespace varnhold::companion;
-
-QrvThread QRV_CALL qrvCInstall(QrvDeploymentJob* job, char* libraryPath) {
-  return abi::guarded<QrvThread>(nullptr, [&] { return startJob(JobKind::Install, job, libraryPath); });
-}
-
-QrvThread QRV_CALL qrvCUninstall(QrvDeploymentJob* job, char* libraryPath) {
-  return abi::guarded<QrvThread>(nullptr, [&] { return startJob(JobKind::Uninstall, job, libraryPath); });
-}
 
 int32_t QRV_CALL qrvCCreateConfigurationFile(char* libraryPath, char* systemName, char* installDirectory,
                                              int32_t agentMode) {
@@ -169,6 +110,26 @@ int32_t QRV_CALL qrvUpdateSystemDetailsInDB(QrvSystemDetails* details) {
     const SystemRow system{*name, details->SystemType, *address, *description};
     ownInventory().use([&](varnhold::store::Connection& connection) { storeSystem(connection, system); });
     return 1;
+  });
+}
+
+void QRV_CALL qrvNetOpGetSystem(char* systemName) {
+  static_cast<void>(abi::guarded<bool>(false, [&] {
+    const auto name = abi::text(systemName, kLongestName);
+    if (!name) return false;
+    const auto facts = findSystem(lab(), *name);
+    if (!facts) return false;
+    const SystemRow system{plainComputerName(*name), facts->systemType, facts->address, facts->description};
+    ownInventory().use([&](varnhold::store::Connection& connection) { storeSystem(connection, system); });
+    return true;
+  }));
+}
+
+int32_t QRV_CALL qrvRestartService(char* computer, char* service) {
+  return abi::guarded<std::int32_t>(0, [&]() -> std::int32_t {
+    const auto name = abi::text(computer, kLongestName);
+    const auto serviceName = abi::text(service);
+    return name && serviceName && restartService(lab(), *name, *serviceName) == kDone ? 1 : 0;
   });
 }
 

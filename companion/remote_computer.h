@@ -40,6 +40,8 @@ class RemoteFiles {
   [[nodiscard]] virtual Win32Error createFolder(const std::string& path) = 0;
   /// Removes one empty folder; kFolderNotEmpty when something lies in it.
   [[nodiscard]] virtual Win32Error removeFolder(const std::string& path) = 0;
+  /// The names of the files and folders right below, in order; none when the folder is not there.
+  [[nodiscard]] virtual std::vector<std::string> names(const std::string& path) = 0;
 };
 
 enum class ServiceStart { Automatic, Manual, Disabled };
@@ -51,7 +53,8 @@ struct ServiceEntry {
   bool running = false;
   ServiceStart start = ServiceStart::Automatic;
   std::string description;
-  bool secured = false;  ///< its access rights were configured
+  bool secured = false;    ///< its access rights were configured
+  bool interacts = false;  ///< may interact with the desktop
 };
 
 /// The service manager of a computer. Names compare without case.
@@ -122,6 +125,10 @@ class RemoteComputer {
   [[nodiscard]] virtual Win32Error openEventLog(std::string_view log) = 0;
   /// May this account use the administrative share ("C$")?
   [[nodiscard]] virtual Win32Error logOn(const std::string& account, const std::string& password) = 0;
+  /// Reaches the agent that runs there over a socket; kConnectionRefused where none runs.
+  [[nodiscard]] virtual Win32Error connectAgent() = 0;
+  /// Gives the account with this SID ("S-1-5-...") the right to log on as a service.
+  [[nodiscard]] virtual Win32Error grantServiceLogon(const std::string& sid) = 0;
 
   /// Keeps other jobs off this computer until the hold is released; waits for its turn.
   [[nodiscard]] virtual std::unique_ptr<Hold> beginJob() = 0;

@@ -9,10 +9,19 @@ namespace varnhold::companion {
 inline constexpr ErrorCode kConnectCodes[] = {
     {kNetworkTimeout, 153}, {kTimeout, 153}, {kNetworkResourceGone, 160}, {kShareMissing, 160}};
 
+inline constexpr ErrorCode kTessmarkConnectCodes[] = {{kNetworkTimeout, 153},      {kTimeout, 153},
+                                                      {kNetworkResourceGone, 160}, {kShareMissing, 160},
+                                                      {kPrivilegeMissing, 281},    {kLogonRefused, 282}};
+
 inline constexpr ErrorCode kVersionCodes[] = {{kOtherVersion, 253}, {kOldVersion, 258}};
 
 inline constexpr ErrorCode kInstallManagerCodes[] = {{kServiceDatabaseMissing, 171},
                                                      {kInvalidParameter, 172}};
+
+inline constexpr ErrorCode kTessmarkManagerCodes[] = {
+    {kServiceDatabaseMissing, 171}, {kInvalidParameter, 172}, {kServerUnavailable, 275}};
+
+inline constexpr ErrorCode kSnapshotCodes[] = {{kAlreadyExists, kSnapshotsKept}};
 
 inline constexpr ErrorCode kCreateServiceCodes[] = {{kCircularDependency, 181},   {kInvalidParameter, 182},
                                                     {kDuplicateServiceName, 183}, {kInvalidHandle, 184},
@@ -38,5 +47,15 @@ inline constexpr ErrorCode kStopCodes[] = {
 
 inline constexpr ErrorCode kDeleteCodes[] = {
     {kAccessDenied, 220}, {kInvalidHandle, 221}, {kMarkedForDelete, 212}};
+
+inline constexpr ErrorCode kUpgradeVersionCodes[] = {
+    {kOldVersion, 701}, {kOtherVersion, 702}, {kAlreadyExists, 711}};
+
+/// Of every step over IP that goes through the socket.
+inline constexpr ErrorCode kSocketCodes[] = {{kBufferInsufficient, 3002}, {kMemoryGone, 3007},
+                                             {kNoSocket, 3018},           {kNoSocketOption, 3019},
+                                             {kConnectionAborted, 3022},  {kConnectionReset, 3022}};
+
+inline constexpr ErrorCode kOverIpVersionCodes[] = {{kOldVersion, 3027}, {kOtherVersion, 3027}};
 
 }  // namespace varnhold::companion

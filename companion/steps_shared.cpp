@@ -9,7 +9,9 @@
 namespace varnhold::companion {
 
 Win32Error reach(JobContext& context) {
-  return context.computer.files().connect();
+  if (const Win32Error error = context.computer.files().connect()) return error;
+  if (context.record.shareConnected) return kDone;
+  return context.computer.logOn(context.record.serviceUser, context.record.servicePassword);
 }
 
 Win32Error openRegistry(JobContext& context) {
@@ -30,6 +32,30 @@ Win32Error stopService(JobContext& context) {
   if (const Win32Error error = services.stop(name)) return error;
   context.takeBack.add([&services, name] { static_cast<void>(services.start(name)); });
   return kDone;
+}
+
+Win32Error startService(JobContext& context) {
+  RemoteServices& services = context.computer.services();
+  const std::string name(context.product.serviceName);
+  const Win32Error error = services.start(name);
+  if (error == kServiceRunning) return kDone;
+  if (error == kDone) context.takeBack.add([&services, name] { static_cast<void>(services.stop(name)); });
+  return error;
+}
+
+bool isVarnholdAgent(const JobContext& context) {
+  return &context.product == &kVarnholdAgent;
+}
+
+NamedValue textValue(const std::string& name, const std::string& text) {
+  return {name, {platform::kRegText, text + '\0'}};
+}
+
+NamedValue numberValue(const std::string& name, std::int32_t number) {
+  NamedValue value{name, {platform::kRegNumber, {}}};
+  for (unsigned shift = 0; shift < 32; shift += 8)
+    value.value.bytes += static_cast<char>(static_cast<std::uint32_t>(number) >> shift & 0xFF);
+  return value;
 }
 
 std::optional<std::string> agentValue(JobContext& context, std::string_view name) {
@@ -53,8 +79,7 @@ AgentFiles agentFilesIn(JobContext& context, const std::string& folder) {
   if (const auto bytes = context.computer.files().read(below(folder, kAgentFilesList)))
     return readAgentFiles(*bytes, folder);
   AgentFiles list;
-  for (const MaterialFile& file :
-       listMaterial(context.material, context.product).value_or(std::vector<MaterialFile>()))
+  for (const MaterialFile& file : listMaterial(context.material).value_or(std::vector<MaterialFile>()))
     list.addFile(file.name);
   list.addFolder(folder);
   list.addFolder(below(folder, kMaterialFolder));

@@ -28,13 +28,9 @@ Win32Error deleteService(JobContext& context) {
 /// The key of the agent, and those above it that only led to it, up to the one that belongs to all products.
 Win32Error removeRegistry(JobContext& context) {
   RemoteRegistry& registry = context.computer.registry();
-  std::string key(context.product.registryKey);
+  const std::string key(context.product.registryKey);
   if (const Win32Error error = removeKeyTree(registry, key, context.takeBack)) return error;
-  for (key.erase(key.rfind('\\')); key.find('\\') != std::string::npos; key.erase(key.rfind('\\'))) {
-    if (!registry.values(key).empty() || !registry.subkeys(key).empty()) break;
-    if (const Win32Error error = removeKeyTree(registry, key, context.takeBack)) return error;
-  }
-  return kDone;
+  return removeEmptyKeys(registry, key.substr(0, key.rfind('\\')), context.takeBack);
 }
 
 bool hasFolder(const JobContext& context) {
@@ -43,6 +39,21 @@ bool hasFolder(const JobContext& context) {
 
 Win32Error removeFiles(JobContext& context) {
   return removeAgentFiles(context, *context.earlierFolder);
+}
+
+bool dropsSnapshots(const JobContext& context) {
+  return hasFolder(context) && !context.record.keepsSnapshots;
+}
+
+Win32Error removeSnapshots(JobContext& context) {
+  const std::string snapshots = below(*context.earlierFolder, context.product.snapshotFolder);
+  return removeFolderTree(context.computer.files(), snapshots, context.takeBack);
+}
+
+/// The folder may be one that an earlier uninstall left for its snapshots, and so be in no list.
+Win32Error removeFilesAndFolder(JobContext& context) {
+  if (const Win32Error error = removeFiles(context)) return error;
+  return removeEmptyFolder(context.computer.files(), *context.earlierFolder, context.takeBack);
 }
 
 constexpr Step kUninstallSteps[] = {
@@ -57,10 +68,27 @@ constexpr Step kUninstallSteps[] = {
     {"remove_registry", removeRegistry, 158},
 };
 
+/// Its catalogue has no text for 149, but one for missing rights.
+constexpr Step kTessmarkUninstallSteps[] = {
+    {"connect", reach, 154, kTessmarkConnectCodes},
+    {"remote_registry", openRegistry, 159},
+    {"service_manager", openServiceManager, 194, kUninstallManagerCodes},
+    {"find", findAgent, 196, kFindCodes},
+    {"stop", stopService, 223, kStopCodes, serviceRuns},
+    {"delete", deleteService, 223, kDeleteCodes, hasService},
+    {"remove_snapshots", removeSnapshots, 282, {}, dropsSnapshots},
+    {"remove_files", removeFilesAndFolder, 282, {}, hasFolder},
+    {"remove_registry", removeRegistry, 158},
+};
+
 }  // namespace
 
 std::span<const Step> uninstallSteps() {
   return kUninstallSteps;
+}
+
+std::span<const Step> tessmarkUninstallSteps() {
+  return kTessmarkUninstallSteps;
 }
 
 }  // namespace varnhold::companion

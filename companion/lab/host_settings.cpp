@@ -10,28 +10,23 @@
 namespace varnhold::companion {
 namespace {
 
-constexpr const char* kJobs[] = {"install", "uninstall", "upgrade", "configuration_file", "ini"};
+constexpr const char* kJobs[] = {"install",       "uninstall",          "upgrade",
+                                 "version_check", "configuration_file", "ini"};
 /// What can be delayed: the jobs, and the walk of the discovery at this computer.
-constexpr const char* kDelays[] = {"install", "uninstall", "upgrade", "configuration_file",
+constexpr const char* kDelays[] = {"install", "uninstall", "upgrade", "version_check", "configuration_file",
                                    "ini",     "discovery"};
-constexpr const char* kSteps[] = {"connect",
-                                  "version",
-                                  "share",
-                                  "directory",
-                                  "copy",
-                                  "config_file",
-                                  "registry",
-                                  "remote_registry",
-                                  "service_manager",
-                                  "service",
-                                  "account",
-                                  "start",
-                                  "security",
-                                  "stop",
-                                  "find",
-                                  "delete",
-                                  "remove_registry",
-                                  "remove_files"};
+constexpr const char* kSteps[] = {
+    "connect", "version", "share", "directory", "copy", "config_file", "registry", "remote_registry",
+    "service_manager", "service", "account", "start", "security", "stop", "find", "delete", "remove_registry",
+    "remove_files",
+    // of a Tessmark agent
+    "snapshots", "remove_snapshots",
+    // of an upgrade, over the domain or over IP
+    "local_registry", "owner", "mode", "desktop", "agent_library", "resolve", "agent", "confirm",
+    // of an agentless computer
+    "security_log", "poll", "unpoll",
+    // of nobody's job
+    "logon_right"};
 
 std::string lowerCase(std::string text) {
   for (char& c : text)

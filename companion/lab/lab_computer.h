@@ -11,8 +11,8 @@
 
 namespace varnhold::companion {
 
-/// A computer of the lab: a folder that holds `host.ini`, `services.ini`, `registry.reg` and one folder per
-/// drive.
+/// A computer of the lab: a folder that holds `host.ini`, `services.ini`, `registry.reg`, `rights.ini` and
+/// one folder per drive.
 class LabComputer : public RemoteComputer {
  public:
   LabComputer(const std::filesystem::path& folder, HostSettings settings);
@@ -24,6 +24,8 @@ class LabComputer : public RemoteComputer {
   LabRegistry& registry() override { return registry_; }
   [[nodiscard]] Win32Error openEventLog(std::string_view log) override;
   [[nodiscard]] Win32Error logOn(const std::string& account, const std::string& password) override;
+  [[nodiscard]] Win32Error connectAgent() override;
+  [[nodiscard]] Win32Error grantServiceLogon(const std::string& sid) override;
   [[nodiscard]] std::unique_ptr<Hold> beginJob() override;
   [[nodiscard]] Win32Error refusal(std::string_view step) const override;
 

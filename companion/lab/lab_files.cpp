@@ -1,5 +1,7 @@
 #include "companion/lab/lab_files.h"
 
+#include <algorithm>
+
 #include "companion/host.h"
 #include "companion/paths.h"
 
@@ -102,6 +104,18 @@ Win32Error LabFiles::removeFolder(const std::string& path) {
   if (!std::filesystem::is_empty(*place, error) && !error) return kFolderNotEmpty;
   std::filesystem::remove(*place, error);
   return win32Error(error);
+}
+
+std::vector<std::string> LabFiles::names(const std::string& path) {
+  std::vector<std::string> names;
+  const auto place = hostPath(path);
+  if (!place) return names;
+  std::error_code error;
+  std::filesystem::directory_iterator entries(*place, error);
+  for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error))
+    names.push_back(utf8FromPath(entries->path().filename()));
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 }  // namespace varnhold::companion

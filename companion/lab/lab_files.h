@@ -24,6 +24,7 @@ class LabFiles : public RemoteFiles {
   [[nodiscard]] Win32Error remove(const std::string& path) override;
   [[nodiscard]] Win32Error createFolder(const std::string& path) override;
   [[nodiscard]] Win32Error removeFolder(const std::string& path) override;
+  [[nodiscard]] std::vector<std::string> names(const std::string& path) override;
 
   /// Makes the drive's folder where the computer has the drive and its folder is missing; kShareMissing where
   /// it does not have it. The folder stays.

@@ -31,6 +31,7 @@ ServiceEntry entryOf(const IniText& ini, const std::string& name) {
     if (equalsIgnoringCase(ini.value(name, "start").value_or(""), word.word)) entry.start = word.start;
   entry.description = ini.value(name, "description").value_or("");
   entry.secured = equalsIgnoringCase(ini.value(name, "security").value_or(""), "configured");
+  entry.interacts = equalsIgnoringCase(ini.value(name, "interact").value_or(""), "yes");
   return entry;
 }
 
@@ -42,6 +43,10 @@ void writeSettings(IniText& ini, const ServiceEntry& entry) {
   ini.setValue(entry.name, "description", entry.description);
   if (entry.secured || ini.value(entry.name, "security"))
     ini.setValue(entry.name, "security", entry.secured ? "configured" : "");
+  if (entry.interacts)
+    ini.setValue(entry.name, "interact", "yes");
+  else
+    ini.removeValue(entry.name, "interact");
 }
 
 void writeState(IniText& ini, const std::string& name, bool running) {

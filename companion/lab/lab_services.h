@@ -10,8 +10,8 @@
 namespace varnhold::companion {
 
 /// The services of a lab computer: `services.ini`, one section per service with the keys path, account, state
-/// (stopped, running), start (automatic, manual, disabled), description and security (configured). The file
-/// goes away with its last line.
+/// (stopped, running), start (automatic, manual, disabled), description, security (configured) and interact
+/// (yes). The file goes away with its last line.
 class LabServices : public RemoteServices {
  public:
   /// Both outlive the object.

@@ -19,6 +19,7 @@ class FailingFiles : public RemoteFiles {
   Win32Error remove(const std::string& path) override { return CHANGE(files_.remove(path)); }
   Win32Error createFolder(const std::string& path) override { return CHANGE(files_.createFolder(path)); }
   Win32Error removeFolder(const std::string& path) override { return CHANGE(files_.removeFolder(path)); }
+  std::vector<std::string> names(const std::string& path) override { return files_.names(path); }
 
  private:
   RemoteFiles& files_;
@@ -88,6 +89,8 @@ class FailingComputer : public RemoteComputer {
   Win32Error logOn(const std::string& account, const std::string& password) override {
     return computer_->logOn(account, password);
   }
+  Win32Error connectAgent() override { return computer_->connectAgent(); }
+  Win32Error grantServiceLogon(const std::string& sid) override { return computer_->grantServiceLogon(sid); }
   std::unique_ptr<Hold> beginJob() override { return computer_->beginJob(); }
   Win32Error refusal(std::string_view step) const override { return computer_->refusal(step); }
 
@@ -101,7 +104,8 @@ class FailingComputer : public RemoteComputer {
 }  // namespace
 
 std::unique_ptr<RemoteComputer> FailingNetwork::find(std::string_view nameOrAddress) const {
-  return std::make_unique<FailingComputer>(network_.find(nameOrAddress), point_);
+  auto computer = network_.find(nameOrAddress);
+  return computer ? std::make_unique<FailingComputer>(std::move(computer), point_) : nullptr;
 }
 
 }  // namespace varnhold::companion::test

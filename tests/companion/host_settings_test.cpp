@@ -37,6 +37,19 @@ start = 1069
 copy = no
 )";
 
+TEST(HostSettings, KnowsTheStepsAndJobsOfEveryKindOfJob) {
+  for (const std::string step :
+       {"local_registry", "owner", "mode", "desktop", "agent_library", "resolve", "agent", "confirm",
+        "security_log", "poll", "unpoll", "snapshots", "remove_snapshots", "logon_right"}) {
+    const HostSettings settings = readHostSettings("[refuse]\n" + step + " = yes\n", "WKS01");
+    EXPECT_EQ(settings.refusals.at(step), kAccessDenied) << step;
+    EXPECT_THAT(settings.problems, IsEmpty()) << step;
+  }
+  const HostSettings settings = readHostSettings("[result]\nversion_check = 3027\n", "WKS01");
+  EXPECT_EQ(settings.scripts.at("version_check").result, 3027);
+  EXPECT_THAT(settings.problems, IsEmpty());
+}
+
 TEST(HostSettings, ReadsEveryKey) {
   const HostSettings settings = readHostSettings(kFull, "WKS01");
   EXPECT_EQ(settings.facts.name, "WKS01");

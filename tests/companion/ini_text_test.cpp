@@ -100,5 +100,13 @@ TEST(IniText, ListsEachSectionOnce) {
   EXPECT_THAT(IniText("[One]\n[Two]\n[ONE]\n").sections(), ElementsAre("One", "Two"));
 }
 
+TEST(IniText, RemovesOneValueAndLeavesAllOtherLines) {
+  IniText ini("[A]\r\nx=1 ; one\r\ny=2\r\n[B]\r\nx=3\r\n");
+  ini.removeValue("a", "X");
+  ini.removeValue("B", "y");
+  ini.removeValue("C", "x");
+  EXPECT_EQ(ini.text(), "[A]\r\ny=2\r\n[B]\r\nx=3\r\n");
+}
+
 }  // namespace
 }  // namespace varnhold::companion

@@ -17,12 +17,6 @@ class Install : public testing::Test {
   LabFixture lab_;
 };
 
-ServiceEntry serviceOn(const LabFixture& lab, const std::string& computer) {
-  ServiceEntry entry;
-  EXPECT_EQ(lab.network().find(computer)->services().query("Varnhold Agent", entry), kDone);
-  return entry;
-}
-
 std::string agentText(const LabFixture& lab, const std::string& computer, const std::string& name) {
   const auto found = lab.network().find(computer);
   for (const NamedValue& value : found->registry().values(R"(SOFTWARE\Kelmont Works\Varnhold\Agent)"))
@@ -66,6 +60,14 @@ TEST_F(Install, ExpandsProgramFilesOfTheTargetInLettersOfEitherCase) {
   record.installDirectory = R"(%PROGRAM FILES%\X)";
   ASSERT_EQ(lab_.install(record), 150);
   EXPECT_EQ(readText(host / "D" / "Programme" / "X" / "vhagent.exe"), "agent program");
+}
+
+TEST_F(Install, KnowsTheVariableOfEitherBoxOfTheWizard) {
+  const auto host = lab_.addHost("WKS01");
+  JobRecord record = jobFor("WKS01");
+  record.installDirectory = R"(%ProgramFiles%\Kelmont Works\Varnhold)";
+  ASSERT_EQ(lab_.install(record), 150);
+  EXPECT_EQ(readText(agentFolderOn(host) / "vhagent.exe"), "agent program");
 }
 
 TEST_F(Install, UsesAFolderOnAnotherDriveAsItStands) {
@@ -133,16 +135,22 @@ TEST_F(Install, RunsTheServiceUnderTheGivenAccount) {
     EXPECT_THAT(content, Not(HasSubstr("hidden word"))) << name;
 }
 
-TEST_F(Install, OfAnAgentlessComputerOnlyReachesIt) {
-  const auto host = lab_.addHost("WKS01");
+TEST_F(Install, OnAComputerThatDemandsAnAccountNeedsItsShareConnectedOrCarriesTheAccount) {
+  const auto host = lab_.addHost("WKS01", "[account]\nuser = CORP\\admin\npassword = secret\n");
   const auto before = snapshot(host);
   JobRecord record = jobFor("WKS01");
-  record.agentless = true;
-  EXPECT_EQ(lab_.install(record), 150);
-  EXPECT_EQ(snapshot(host), before);
-  lab_.addHost("DEAD", "[host]\nanswers = no\n");
-  record.systemName = "DEAD";
   EXPECT_EQ(lab_.install(record), 154);
+  record.serviceUser = R"(CORP\admin)";
+  record.servicePassword = "wrong";
+  EXPECT_EQ(lab_.install(record), 154);
+  EXPECT_EQ(snapshot(host), before);
+  record.servicePassword = "secret";
+  EXPECT_EQ(lab_.install(record), 150);
+  record = jobFor("WKS01");
+  EXPECT_EQ(lab_.uninstall(record), 154);
+  record.shareConnected = true;
+  EXPECT_EQ(lab_.uninstall(record), 152);
+  EXPECT_EQ(lab_.install(record), 150);
 }
 
 TEST_F(Install, BringsTheFilesAsTheyWereWhenTheJobWasAskedFor) {

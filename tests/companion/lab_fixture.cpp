@@ -5,6 +5,7 @@
 #include <random>
 #include <sstream>
 
+#include "base/text.h"
 #include "companion/ini_text.h"
 #include "companion/paths.h"
 #include "platform/formats/registry_file.h"
@@ -90,6 +91,8 @@ LabFixture::LabFixture() {
   writeText(agentFolder() / "scripts" / "restart.cmd", "rem remedial action");
   writeText(libraryFolder() / "vhsetup.ins", "[Setup]\r\nSystem=HOST\r\n");
   writeText(libraryFolder() / "setup.exe", "set-up program");
+  writeText(changesFolder() / "Agent" / "TkwService.exe", "change tracker");
+  writeText(changesFolder() / "remins" / "vhsetup.ins", "[Setup]\r\nSystem=TRACKED\r\n");
 }
 
 fs::path LabFixture::addHost(const std::string& name, std::string_view hostIni) {
@@ -103,16 +106,41 @@ AgentMaterial LabFixture::material(const std::string& version) const {
   return captureMaterial(libraryFolder(), kVarnholdAgent, "MANAGER", version);
 }
 
-std::int32_t LabFixture::install(const JobRecord& record, const std::string& version) const {
+AgentMaterial LabFixture::changesMaterial(const std::string& version) const {
+  return captureMaterial(changesFolder() / "remins", kTessmarkAgent, "MANAGER", version);
+}
+
+std::int32_t LabFixture::run(JobKind kind, const JobRecord& record, const AgentMaterial& material) const {
   const LabNetwork lab = network();
-  return runJob(JobKind::Install, lab, lab.script(record.systemName, "install"), record, material(version),
+  return runJob(kind, lab, lab.script(record.systemName, scriptName(kind)), record, material,
                 [](std::chrono::milliseconds) {});
 }
 
+std::int32_t LabFixture::upgrade(const JobRecord& record, const std::string& version) const {
+  return run(JobKind::Upgrade, record, material(version));
+}
+
+std::int32_t LabFixture::install(const JobRecord& record, const std::string& version) const {
+  return run(JobKind::Install, record, material(version));
+}
+
 std::int32_t LabFixture::uninstall(const JobRecord& record) const {
-  const LabNetwork lab = network();
-  return runJob(JobKind::Uninstall, lab, lab.script(record.systemName, "uninstall"), record, material(),
-                [](std::chrono::milliseconds) {});
+  return run(JobKind::Uninstall, record, material());
+}
+
+ServiceEntry serviceOn(const LabFixture& lab, const std::string& computer, const std::string& service) {
+  ServiceEntry entry;
+  entry.name = "none";
+  static_cast<void>(lab.network().find(computer)->services().query(service, entry));
+  return entry;
+}
+
+std::string registryText(const LabFixture& lab, const std::string& computer, const std::string& key,
+                         const std::string& name) {
+  const auto found = lab.network().find(computer);
+  for (const NamedValue& value : found->registry().values(key))
+    if (value.name == name) return TrimAtNull(value.value.bytes);
+  return "none";
 }
 
 JobRecord jobFor(const std::string& name) {

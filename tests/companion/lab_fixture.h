@@ -51,9 +51,14 @@ class LabFixture {
     return folder_.path() / "RemoteInstaller" / "Agent";
   }
   [[nodiscard]] LabNetwork network() const { return LabNetwork(labFolder()); }
+  /// The change-tracking product's, beside the manager's own.
+  [[nodiscard]] std::filesystem::path changesFolder() const { return folder_.path() / "Tessmark"; }
   [[nodiscard]] AgentMaterial material(const std::string& version = "7.0") const;
+  [[nodiscard]] AgentMaterial changesMaterial(const std::string& version = "5.0") const;
 
   /// Run as the library's threads do, but here and without waiting.
+  std::int32_t run(JobKind kind, const JobRecord& record, const AgentMaterial& material) const;
+  std::int32_t upgrade(const JobRecord& record, const std::string& version = "7.0") const;
   std::int32_t install(const JobRecord& record, const std::string& version = "7.0") const;
   std::int32_t uninstall(const JobRecord& record) const;
 
@@ -63,6 +68,13 @@ class LabFixture {
 
 /// An agent based install of the computer into the default folder.
 [[nodiscard]] JobRecord jobFor(const std::string& name);
+
+/// The service of that name on a lab computer; named "none" when it has none.
+[[nodiscard]] ServiceEntry serviceOn(const LabFixture& lab, const std::string& computer,
+                                     const std::string& service = "Varnhold Agent");
+/// A value of a lab computer's registry up to its first NUL, or "none".
+[[nodiscard]] std::string registryText(const LabFixture& lab, const std::string& computer,
+                                       const std::string& key, const std::string& name);
 
 /// The agent's folder on a lab computer, for the default program files.
 [[nodiscard]] std::filesystem::path agentFolderOn(const std::filesystem::path& host);

@@ -117,6 +117,25 @@ TEST_F(Lab, AnswersForServicesAsAServiceManagerDoes) {
   EXPECT_EQ(services.remove("Probe"), kDone);
 }
 
+TEST_F(Lab, NamesWhatLiesInAFolder) {
+  const auto host = lab_.addHost("WKS01");
+  writeText(host / "C" / "A" / "two.txt", "2");
+  writeText(host / "C" / "A" / "One" / "x.txt", "1");
+  const auto computer = lab_.network().find("WKS01");
+  EXPECT_EQ(computer->files().names(R"(c:\a)"), (std::vector<std::string>{"One", "two.txt"}));
+  EXPECT_TRUE(computer->files().names(R"(C:\B)").empty());
+  EXPECT_TRUE(computer->files().names(R"(C:\..)").empty());
+}
+
+TEST_F(Lab, HasAnAgentToSpeakToWhileItsServiceRuns) {
+  const auto host = lab_.addHost("WKS01");
+  EXPECT_EQ(lab_.network().find("WKS01")->connectAgent(), kConnectionRefused);
+  writeText(host / "services.ini", "[Varnhold Agent]\nstate=running\n");
+  EXPECT_EQ(lab_.network().find("WKS01")->connectAgent(), kDone);
+  lab_.addHost("WKS01", "[host]\nanswers=no\n");
+  EXPECT_EQ(lab_.network().find("WKS01")->connectAgent(), kConnectionTimeout);
+}
+
 TEST_F(Lab, RefusesPathsThatLeaveTheDrive) {
   const auto host = lab_.addHost("WKS01");
   const auto computer = lab_.network().find("WKS01");

@@ -19,17 +19,25 @@ LibraryHome::LibraryHome() {
   useHome(lab_.installPath());
   host_ = platform::makeHostAdapters({});
   EXPECT_EQ(host_->registry().createKey(kHive, kKey), platform::RegistryOutcome::Done);
-  earlier_ = {platform::kRegText, std::string(1, '\0')};
-  static_cast<void>(host_->registry().query(kHive, kKey, "INSTALLPATH", 1024, earlier_));
-  setInstallPath({platform::kRegText, utf8FromPath(lab_.installPath()) + '\0'});
+  set("INSTALLPATH", utf8FromPath(lab_.installPath()));
 }
 
 LibraryHome::~LibraryHome() {
-  setInstallPath(earlier_);
+  for (const auto& [name, value] : earlier_)
+    EXPECT_EQ(host_->registry().set(kHive, kKey, name, value), platform::RegistryOutcome::Done);
 }
 
-void LibraryHome::setInstallPath(const platform::RegistryValue& value) {
-  EXPECT_EQ(host_->registry().set(kHive, kKey, "INSTALLPATH", value), platform::RegistryOutcome::Done);
+void LibraryHome::set(const std::string& name, const std::string& text) {
+  if (!earlier_.contains(name)) {
+    platform::RegistryValue& before = earlier_[name] = {platform::kRegText, std::string(1, '\0')};
+    static_cast<void>(host_->registry().query(kHive, kKey, name, 1024, before));
+  }
+  const platform::RegistryValue value{platform::kRegText, text + '\0'};
+  EXPECT_EQ(host_->registry().set(kHive, kKey, name, value), platform::RegistryOutcome::Done);
+}
+
+void LibraryHome::setVersion(const std::string& version) {
+  set("VHVersion", version);
 }
 
 std::uint32_t LibraryHome::finish(platform::ThreadHandle thread) {

@@ -22,13 +22,16 @@ class LibraryHome {
   /// Waits for a job's end and gives its exit code; closes the handle.
   std::uint32_t finish(platform::ThreadHandle thread);
   [[nodiscard]] std::string libraryPath() const;
+  /// The version of the agents that the manager brings along.
+  void setVersion(const std::string& version);
 
  private:
-  void setInstallPath(const platform::RegistryValue& value);
+  /// Sets a value of the manager's key; what stood there is put back at the end.
+  void set(const std::string& name, const std::string& text);
 
   LabFixture lab_;
   std::unique_ptr<platform::HostAdapters> host_;
-  platform::RegistryValue earlier_;
+  std::map<std::string, platform::RegistryValue> earlier_;
 };
 
 /// Makes the folder the home of this process, where the host has homes.

@@ -44,6 +44,18 @@ class LibraryInventory : public testing::Test {
   LibraryHome home_;
 };
 
+TEST_F(LibraryInventory, GetsASecondLookAtASystem) {
+  home_.lab().addHost("WKS01", "[host]\naddress=10.1.1.11\ntype=7\ndescription=Desk\n");
+  ASSERT_TRUE(store(details("WKS01", 0, "", "")));
+  home_.host().libraries().qrvNetOpGetSystem("WKS01");
+  EXPECT_EQ(rowOf("System_Name = 'WKS01'"), "WKS01|7|10.1.1.11|Desk|");
+  home_.lab().addHost("WKS01", "[host]\ntype=9\nanswers=no\n");
+  home_.host().libraries().qrvNetOpGetSystem("WKS01");
+  home_.host().libraries().qrvNetOpGetSystem("NOBODY");
+  EXPECT_EQ(rowOf("System_Name = 'WKS01'"), "WKS01|7|10.1.1.11|Desk|");
+  EXPECT_EQ(rowOf("System_Name = 'NOBODY'"), "none");
+}
+
 TEST_F(LibraryInventory, GetsNewSystemsAndIsBroughtUpToDate) {
   home_.lab().addHost("WKS01", "[host]\naddress=10.1.1.11\ntype=7\ndescription=Desk\n");
   platform::SystemDetails found;

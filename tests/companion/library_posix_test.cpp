@@ -77,6 +77,15 @@ TEST_F(PlainLibrary, AnswersANullWithAFailure) {
   EXPECT_EQ(CALL(qrvFindSystemAndReturnDetails)(nullptr), 0);
   EXPECT_EQ(CALL(qrvUpdateSystemDetailsInDB)(nullptr), 0);
   EXPECT_EQ(CALL(qrvChkRmtRegNGetPrgFilePath)(nullptr, text.data()), 0);
+  EXPECT_EQ(CALL(qrvCUpgradeAgent)(nullptr, path.data()), nullptr);
+  EXPECT_EQ(CALL(qrvCUpgradeAgentOverIP)(nullptr, text.data(), 1, 0, text.data(), 0, 1), nullptr);
+  EXPECT_EQ(CALL(qrvCUpgradeAgentOverIP)(path.data(), nullptr, 1, 0, text.data(), 0, 1), nullptr);
+  EXPECT_EQ(CALL(qrvCUpgradeAgentOverIP)(path.data(), text.data(), 1, 0, nullptr, 0, 1), nullptr);
+  EXPECT_EQ(CALL(qrvCVHCheckVersion)(nullptr, text.data()), nullptr);
+  EXPECT_EQ(CALL(qrvCVHCheckVersion)(path.data(), nullptr), nullptr);
+  CALL(qrvNetOpGetSystem)(nullptr);
+  EXPECT_EQ(CALL(qrvRestartService)(nullptr, text.data()), 0);
+  EXPECT_EQ(CALL(qrvRestartService)(text.data(), nullptr), 0);
   EXPECT_EQ(CALL(qrvNetworkEnum)(nullptr), 0);
   EXPECT_EQ(CALL(qrvGetNetAccessMode)(nullptr), 0);
   EXPECT_EQ(CALL(qrvCheckIfBelongsToSubnet)(nullptr, text.data()), 0);
@@ -182,6 +191,92 @@ TEST_F(PlainLibrary, ShowsAComputersServicesLogsAndShares) {
   EXPECT_EQ(CALL(qrvHostSharePath)(R"(\\wks01\C$\x.tmp)", path.data()), 0U);
   EXPECT_STREQ(path.c_str(), (host / "C" / "x.tmp").c_str());
   EXPECT_EQ(CALL(qrvHostSharePath)(R"(\\NOBODY\C$\x.tmp)", path.data()), 53U);
+}
+
+TEST_F(PlainLibrary, TellsTheTessmarkAgentByTheFolderOfItsMaterial) {
+  const std::string changes = home_.lab().changesFolder().string();
+  const std::string key = R"(SOFTWARE\Kelmont Works\TKWFileTracker)";
+  platform::Registry& registry = home_.host().registry();
+  ASSERT_EQ(registry.createKey(platform::RegistryHive::LocalMachine, key), platform::RegistryOutcome::Done);
+  ASSERT_EQ(registry.set(platform::RegistryHive::LocalMachine, key, "LocalRootDir",
+                         {platform::kRegText, changes + '\0'}),
+            platform::RegistryOutcome::Done);
+  home_.lab().addHost("WKS01");
+  Record record("WKS01");
+  std::string library = changes + R"(\remins)", keeps = "1", drops = "0";
+  const auto result = [&](const char* function) {
+    void* const thread = functions_.get<decltype(::qrvCInstall)>(function)(&record.job, library.data());
+    return home_.finish(reinterpret_cast<platform::ThreadHandle>(thread));
+  };
+  EXPECT_EQ(result("qrvCInstall"), 1150U);
+  EXPECT_TRUE(serviceOn(home_.lab(), "WKS01", "TkwService").running);
+  record.job.KeepSnapshots = keeps.data();
+  EXPECT_EQ(result("qrvCUninstall"), 1152U);
+  EXPECT_EQ(result("qrvCInstall"), 1290U);
+  record.job.KeepSnapshots = drops.data();
+  EXPECT_EQ(result("qrvCUninstall"), 1152U);
+  EXPECT_EQ(result("qrvCInstall"), 1150U);
+}
+
+TEST_F(PlainLibrary, DoesAJobOnAComputerThatDemandsAnAccountOnlyWhileItsShareIsConnected) {
+  home_.lab().addHost("WKS01", "[account]\nuser=CORP\\admin\npassword=x\n");
+  Record record("WKS01");
+  std::string library = home_.libraryPath();
+  const auto result = [&](const char* function) {
+    void* const thread = functions_.get<decltype(::qrvCInstall)>(function)(&record.job, library.data());
+    return home_.finish(reinterpret_cast<platform::ThreadHandle>(thread));
+  };
+  EXPECT_EQ(result("qrvCInstall"), 1154U);
+  EXPECT_EQ(CALL(qrvHostConnectShare)(R"(\\WKS01\c$)", R"(CORP\admin)", "x"), 0U);
+  EXPECT_EQ(result("qrvCInstall"), 1150U);
+  EXPECT_EQ(CALL(qrvHostDisconnectShare)(R"(\\WKS01\c$)"), 0U);
+  EXPECT_EQ(result("qrvCUninstall"), 1154U);
+  EXPECT_EQ(CALL(qrvHostConnectShare)(R"(\\WKS01\c$)", R"(CORP\admin)", "x"), 0U);
+  EXPECT_EQ(result("qrvCUninstall"), 1152U);
+  EXPECT_EQ(CALL(qrvHostDisconnectShare)(R"(\\WKS01\c$)"), 0U);
+}
+
+TEST_F(PlainLibrary, TellsAndChangesTheAccountOfAService) {
+  const auto host = home_.lab().addHost("WKS01");
+  writeText(host / "services.ini", "[Varnhold Agent]\nstate=running\n");
+  const char *const machine = R"(\\WKS01)", *const service = "Varnhold Agent";
+  std::string account(64, '#');
+  std::uint32_t needed = 0;
+  EXPECT_EQ(CALL(qrvHostQueryServiceAccount)(machine, service, nullptr, 0, &needed), 122U);
+  EXPECT_EQ(needed, 12U);
+  EXPECT_EQ(CALL(qrvHostQueryServiceAccount)(machine, service, account.data(), 11, &needed), 122U);
+  EXPECT_EQ(account, std::string(64, '#'));
+  EXPECT_EQ(CALL(qrvHostQueryServiceAccount)(machine, service, account.data(), 12, &needed), 0U);
+  EXPECT_STREQ(account.c_str(), "LocalSystem");
+  EXPECT_EQ(CALL(qrvHostChangeServiceAccount)(machine, service, "agent", "x"), 1057U);
+  EXPECT_EQ(CALL(qrvHostChangeServiceAccount)(machine, service, R"(CORP\agent)", "x"), 0U);
+  EXPECT_EQ(CALL(qrvHostQueryServiceAccount)(machine, service, account.data(), 64, &needed), 0U);
+  EXPECT_STREQ(account.c_str(), R"(CORP\agent)");
+  EXPECT_EQ(CALL(qrvHostQueryServiceAccount)(machine, "Other", account.data(), 64, &needed), 1060U);
+  EXPECT_NE(CALL(qrvHostQueryServiceAccount)(machine, service, account.data(), 64, nullptr), 0U);
+  EXPECT_NE(CALL(qrvHostQueryServiceAccount)(nullptr, service, account.data(), 64, &needed), 0U);
+  EXPECT_NE(CALL(qrvHostChangeServiceAccount)(machine, service, R"(CORP\agent)", nullptr), 0U);
+}
+
+TEST_F(PlainLibrary, LooksAccountsUp) {
+  home_.lab().addHost("WKS01");
+  auto* const look = CALL(qrvHostLookupAccountName);
+  std::uint8_t sid[28] = {};
+  std::string domain(8, '#');
+  std::uint32_t sidSize = 1, domainSize = 0;
+  EXPECT_EQ(look("WKS01", "agent", sid, &sidSize, domain.data(), &domainSize), 122U);
+  EXPECT_EQ(sidSize, 28U);
+  EXPECT_EQ(domainSize, 6U);
+  EXPECT_EQ(sid[0], 0);
+  EXPECT_EQ(look("WKS01", "agent", sid, &sidSize, domain.data(), &domainSize), 0U);
+  EXPECT_EQ(sid[0], 1);
+  EXPECT_STREQ(domain.c_str(), "WKS01");
+  EXPECT_EQ(look("WKS01", "", sid, &sidSize, domain.data(), &domainSize), 1332U);
+  EXPECT_EQ(look("NOBODY", "agent", sid, &sidSize, domain.data(), &domainSize), 1722U);
+  EXPECT_NE(look("WKS01", "agent", nullptr, &sidSize, domain.data(), &domainSize), 0U);
+  EXPECT_NE(look("WKS01", "agent", sid, &sidSize, nullptr, &domainSize), 0U);
+  EXPECT_NE(look("WKS01", "agent", sid, nullptr, domain.data(), &domainSize), 0U);
+  EXPECT_NE(look(nullptr, "agent", sid, &sidSize, domain.data(), &domainSize), 0U);
 }
 
 TEST_F(PlainLibrary, LeavesALabThatCanBeReadWhenItIsKilledAtAnyMoment) {

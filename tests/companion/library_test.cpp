@@ -22,6 +22,10 @@ class Library : public testing::Test {
     DeploymentJob job = record(R"(\\)" + name);
     return libraries().qrvCUninstall(job, home_.libraryPath());
   }
+  ThreadHandle checkVersion(const std::string& agentLibrary) {
+    std::string name = "WKS01";
+    return libraries().qrvCVHCheckVersion(agentLibrary, name);
+  }
   static DeploymentJob record(const std::string& name) {
     DeploymentJob job;
     job.SystemName = name;
@@ -195,6 +199,74 @@ TEST_F(Library, TakesTheScriptedResultOfTheIniFromTheManagersOwnComputer) {
   const std::string agent = replaceAll(home_.libraryPath(), "remins", "Agent");
   EXPECT_FALSE(libraries().qrvCReadNWriteVhaConfigINI4Turbo(agent + R"(\vhagent)", agent,
                                                             agent + R"(\vhaconfig.ini)", 1));
+}
+
+TEST_F(Library, UpgradesOverTheDomainAndEndsWith1700) {
+  home_.setVersion("6.0");
+  const auto host = addHost("WKS01");
+  ASSERT_EQ(home_.finish(install("WKS01")), 1150U);
+  home_.setVersion("7.0");
+  writeText(home_.lab().agentFolder() / "vhagent.exe", "newer program");
+  DeploymentJob job = record(R"(\\WKS01)");
+  EXPECT_EQ(home_.finish(libraries().qrvCUpgradeAgent(job, home_.libraryPath())), 1700U);
+  EXPECT_EQ(readText(agentFolderOn(host) / "vhagent.exe"), "newer program");
+  EXPECT_EQ(home_.finish(libraries().qrvCUpgradeAgent(job, home_.libraryPath())), 1711U);
+  addHost("WKS01", "[no_thread]\nupgrade=yes\n");
+  EXPECT_EQ(libraries().qrvCUpgradeAgent(job, home_.libraryPath()), 0U);
+}
+
+TEST_F(Library, TakesAConfigurationOnlyWhenTheDefaultIsNotAskedFor) {
+  home_.setVersion("7.0");
+  const auto host = addHost("WKS01");
+  ASSERT_EQ(home_.finish(install("WKS01")), 1150U);
+  writeText(home_.lab().installPath() / "custom.ini", "custom");
+  DeploymentJob job = record(R"(\\WKS01)");
+  job.ConfigFile = (home_.lab().installPath() / "custom.ini").string();
+  job.UseDefaultConfig = 1;
+  EXPECT_EQ(home_.finish(libraries().qrvCUpgradeAgent(job, home_.libraryPath())), 1711U);
+  job.UseDefaultConfig = 0;
+  EXPECT_EQ(home_.finish(libraries().qrvCUpgradeAgent(job, home_.libraryPath())), 1700U);
+  EXPECT_EQ(readText(agentFolderOn(host) / "vhaconfig.ini"), "custom");
+}
+
+TEST_F(Library, UpgradesOverIpAndTheVersionCheckConfirmsItWith4000) {
+  home_.setVersion("6.0");
+  const auto host = addHost("WKS01");
+  ASSERT_EQ(home_.finish(install("WKS01")), 1150U);
+  home_.setVersion("7.0");
+  const std::string agent = replaceAll(home_.libraryPath(), "remins", R"(Agent\vhagent)");
+  EXPECT_EQ(home_.finish(checkVersion(agent)), 4027U);
+  DeploymentJob job = record("WKS01");
+  job.AgentMode = 5;
+  EXPECT_EQ(home_.finish(libraries().qrvCUpgradeAgentOverIP(agent, job)), 4000U);
+  EXPECT_THAT(readText(agentFolderOn(host) / "vhaconfig.ini"), testing::HasSubstr("HighPerformance=1"));
+  EXPECT_EQ(home_.finish(checkVersion(agent)), 4000U);
+  EXPECT_EQ(home_.finish(checkVersion("/nowhere/vhagent")), 4023U);
+  addHost("WKS01", "[no_thread]\nversion_check=yes\n");
+  EXPECT_EQ(checkVersion(agent), 0U);
+}
+
+TEST_F(Library, HasTheManagersAgentPollAnAgentlessComputer) {
+  const std::string manager = TrimAtNull(home_.host().environment().getComputerName().value());
+  writeText(addHost(manager) / "services.ini", "[Varnhold Agent]\nstate=running\n");
+  addHost("WKS01", "[host]\naddress=10.1.1.12\n");
+  DeploymentJob job = record("WKS01");
+  job.AgentKind = 1;
+  EXPECT_EQ(home_.finish(libraries().qrvCInstall(job, home_.libraryPath())), 1150U);
+  const std::string key = R"(SOFTWARE\Kelmont Works\Varnhold\Agent\Polled)";
+  EXPECT_EQ(registryText(home_.lab(), manager, key, "WKS01"), "10.1.1.12");
+  job.SystemName = R"(\\WKS01)";
+  EXPECT_EQ(home_.finish(libraries().qrvCUninstall(job, home_.libraryPath())), 1152U);
+  EXPECT_EQ(registryText(home_.lab(), manager, key, "WKS01"), "none");
+}
+
+TEST_F(Library, RestartsAService) {
+  const auto host = addHost("WKS01");
+  writeText(host / "services.ini", "[Varnhold Agent]\nstate=stopped\n");
+  EXPECT_NE(libraries().qrvRestartService("WKS01", "Varnhold Agent"), 0);
+  EXPECT_TRUE(serviceOn(home_.lab(), "WKS01").running);
+  EXPECT_EQ(libraries().qrvRestartService("WKS01", "Other"), 0);
+  EXPECT_EQ(libraries().qrvRestartService("NOBODY", "Varnhold Agent"), 0);
 }
 
 TEST_F(Library, StoresNoSystemWithoutAName) {

@@ -10,29 +10,38 @@
 namespace varnhold::companion::test {
 namespace {
 
-bool isInstalled(std::int32_t code) {
-  return code == 150 || code == 167 || code == 232;
+bool isDone(JobKind kind, std::int32_t code) {
+  if (kind == JobKind::Install) return code == 150 || code == 167 || code == 232 || code == 290;
+  if (kind == JobKind::Upgrade) return code == 700 || code == 704;
+  return code == 152 || code == 3000;
+}
+
+using Prepare = std::function<void(const LabFixture&)>;
+using Material = std::function<AgentMaterial(const LabFixture&)>;
+
+AgentMaterial varnholdMaterial(const LabFixture& lab) {
+  return lab.material();
 }
 
 /// Runs the job once for each change that it makes, with that change refused, from the same beginning every
-/// time. A job that fails must leave the computer as it was. Gives the codes that came up.
-std::vector<std::int32_t> refuseEachChange(JobKind kind, const JobRecord& record,
-                                           const std::function<void(const LabFixture&)>& prepare) {
+/// time. A job that fails must leave all computers as they were. Gives the codes that came up.
+std::vector<std::int32_t> refuseEachChange(JobKind kind, JobRecord record, const Prepare& prepare,
+                                           const Material& material = varnholdMaterial) {
   std::vector<std::int32_t> codes;
   for (int change = 1;; ++change) {
     LabFixture lab;
-    const auto host = lab.addHost("WKS01");
+    lab.addHost("WKS01");
     prepare(lab);
-    const auto before = snapshot(host);
+    record.agentLibrary = lab.agentFolder() / "vhagent";
+    const auto before = snapshot(lab.labFolder());
     FailurePoint point{change, 0};
     const LabNetwork network = lab.network();
-    const std::int32_t code = runJob(kind, FailingNetwork(network, point), {}, record, lab.material(),
+    const std::int32_t code = runJob(kind, FailingNetwork(network, point), {}, record, material(lab),
                                      [](std::chrono::milliseconds) {});
     if (point.changes < change) return codes;
     codes.push_back(code);
-    const bool done = kind == JobKind::Install ? isInstalled(code) : code == 152;
-    if (!done) {
-      EXPECT_EQ(snapshot(host), before) << "change " << change << " gave " << code;
+    if (!isDone(kind, code)) {
+      EXPECT_EQ(snapshot(lab.labFolder()), before) << "change " << change << " gave " << code;
     }
   }
 }
@@ -67,6 +76,71 @@ TEST(TakeBack, RestoresTheEarlierAgentWhenItsMoveFailsAtAnyChange) {
 TEST(TakeBack, PutsTheAgentBackWhenAnUninstallFailsAtAnyChange) {
   const auto codes = refuseEachChange(JobKind::Uninstall, jobFor("WKS01"), installBefore);
   EXPECT_THAT(codes, testing::IsSupersetOf({210, 220, 149, 158}));
+}
+
+TEST(TakeBack, RestoresTheAgentWhenItsUpgradeFailsAtAnyChange) {
+  JobRecord record = jobFor("WKS01");
+  record.remedialActions = true;
+  const auto codes = refuseEachChange(JobKind::Upgrade, record, installBefore);
+  EXPECT_THAT(codes, testing::IsSupersetOf({703, 708, 709, 712, 704}));
+}
+
+TEST(TakeBack, RestoresTheAgentAndItsConfigurationWhenItsUpgradeFailsAtAnyChange) {
+  const auto prepare = [](const LabFixture& lab) {
+    installBefore(lab);
+    writeText(agentFolderOn(lab.labFolder() / "WKS01") / "vhaconfig.ini", "[Own]\r\nA=b\r\n");
+  };
+  const auto codes = refuseEachChange(JobKind::Upgrade, jobFor("WKS01"), prepare);
+  EXPECT_THAT(codes, testing::IsSupersetOf({703, 708, 709, 712, 704}));
+}
+
+TEST(TakeBack, RestoresTheAgentWhenItsUpgradeOverIpFailsAtAnyChange) {
+  JobRecord record = jobFor("WKS01");
+  record.agentMode = 5;
+  const auto codes = refuseEachChange(JobKind::UpgradeOverIp, record, installBefore);
+  EXPECT_THAT(codes, testing::IsSupersetOf({3012, 3023, 3013}));
+  EXPECT_THAT(codes, testing::Not(testing::Contains(3000)));
+}
+
+void managerBefore(const LabFixture& lab) {
+  writeText(lab.labFolder() / "MANAGER" / "host.ini", "[host]\n");
+  writeText(lab.labFolder() / "MANAGER" / "services.ini", "[Varnhold Agent]\nstate=stopped\n");
+}
+
+TEST(TakeBack, LeavesTheManagersListWhenAnAgentlessInstallFailsAtAnyChange) {
+  JobRecord record = jobFor("WKS01");
+  record.agentless = true;
+  const auto codes = refuseEachChange(JobKind::Install, record, managerBefore);
+  EXPECT_THAT(codes, testing::IsSupersetOf({158, 232, 167}));
+}
+
+TEST(TakeBack, LeavesTheManagersListWhenAnAgentlessUninstallFailsAtAnyChange) {
+  JobRecord record = jobFor("WKS01");
+  record.agentless = true;
+  const auto prepare = [&](const LabFixture& lab) {
+    managerBefore(lab);
+    ASSERT_EQ(lab.install(record), 150);
+  };
+  EXPECT_THAT(refuseEachChange(JobKind::Uninstall, record, prepare), testing::Contains(158));
+}
+
+AgentMaterial changesMaterial(const LabFixture& lab) {
+  return lab.changesMaterial();
+}
+
+void installTessmarkBefore(const LabFixture& lab) {
+  ASSERT_EQ(lab.run(JobKind::Install, jobFor("WKS01"), lab.changesMaterial()), 150);
+}
+
+TEST(TakeBack, LeavesNothingOfATessmarkInstallThatFailsAtAnyChange) {
+  const auto codes = refuseEachChange(JobKind::Install, jobFor("WKS01"), nothing, changesMaterial);
+  EXPECT_THAT(codes, testing::IsSupersetOf({155, 351, 158, 180, 232}));
+}
+
+TEST(TakeBack, PutsTheTessmarkAgentAndItsSnapshotsBackWhenItsUninstallFailsAtAnyChange) {
+  const auto codes =
+      refuseEachChange(JobKind::Uninstall, jobFor("WKS01"), installTessmarkBefore, changesMaterial);
+  EXPECT_THAT(codes, testing::IsSupersetOf({210, 220, 282, 158}));
 }
 
 TEST(TakeBack, UndoesTheLastChangeFirst) {

@@ -70,18 +70,6 @@ TEST_F(Uninstall, CannotConnectToAComputerThatIsNotThereOrDoesNotAnswer) {
   EXPECT_EQ(lab_.uninstall(jobFor("DEAD")), 154);
 }
 
-TEST_F(Uninstall, OfAnAgentlessComputerLeavesItAlone) {
-  const auto host = lab_.addHost("WKS01");
-  ASSERT_EQ(lab_.install(jobFor("WKS01")), 150);
-  const auto before = snapshot(host);
-  JobRecord record = jobFor("WKS01");
-  record.agentless = true;
-  EXPECT_EQ(lab_.uninstall(record), 152);
-  EXPECT_EQ(snapshot(host), before);
-  record.systemName = "NOBODY";
-  EXPECT_EQ(lab_.uninstall(record), 152);
-}
-
 TEST_F(Uninstall, TakesAwayAnAgentWhoseServiceIsGone) {
   const auto host = lab_.addHost("WKS01");
   ASSERT_EQ(lab_.install(jobFor("WKS01")), 150);

@@ -99,5 +99,23 @@ TEST(Lab, HostIniSaysWhatTheRoleIs) {
   EXPECT_EQ(roleText(LabRole::IsSlow), "\n[delay_ms]\ninstall = 1500\nuninstall = 1500\n");
 }
 
+TEST(Lab, OneOfTwelveDemandsAnAccount) {
+  int demanding = 0;
+  for (const auto& computer : labComputers(12, "MANAGER"))
+    demanding += hostIni(computer).find("[account]") != std::string::npos ? 1 : 0;
+  EXPECT_EQ(demanding, 1);
+  EXPECT_EQ(hostIni(labComputers(12, "MANAGER").back()),
+            "; LINDEN: takes an agent from whoever brings its account\n"
+            "[host]\n"
+            "address = 10.1.1.22\n"
+            "type = 5\n"
+            "os_major = 4\n"
+            "domain = PLANT\n"
+            "program_files = C:\\Apps\n"
+            "\n[account]\n"
+            "user = PLANT\\admin\n"
+            "password = plant\n");
+}
+
 }  // namespace
 }  // namespace varnhold::provision

@@ -25,7 +25,7 @@ constexpr std::array<RoleText, 6> kRoles{{
     {LabRole::IsSlow, "takes its time", "", "\n[delay_ms]\ninstall = 1500\nuninstall = 1500\n"},
 }};
 
-constexpr LabModel kManagerModel{{}, 14, 5, "CORP", R"(C:\Program Files)", LabRole::Deploys};
+constexpr LabModel kManagerModel{{}, 14, 5, "CORP", R"(C:\Program Files)", LabRole::Deploys, {}, {}};
 constexpr int kManagerNumber = 10;  ///< its address stands before the lab's first
 constexpr int kFirstNumber = 11;
 constexpr int kComputersPerSubnet = 200;
@@ -41,6 +41,12 @@ std::string nameOf(const LabModel& model, int round, std::string_view managerNam
   auto name = std::string(model.name);
   if (round > 0) name += "-" + std::to_string(round + 1);
   return equalsIgnoringCase(name, managerName) ? name + "-0" : name;
+}
+
+std::string accountSection(const LabModel& model) {
+  if (model.account.empty()) return {};
+  return "\n[account]\nuser = " + std::string(model.account) + "\npassword = " + std::string(model.password) +
+         "\n";
 }
 
 /// The service of the manager's own agent, as it stands on a computer.
@@ -82,13 +88,14 @@ std::string hostIni(const LabComputer& computer) {
   const auto& model = computer.model;
   const auto& role =
       *std::find_if(kRoles.begin(), kRoles.end(), [&](const RoleText& r) { return r.role == model.role; });
-  std::string text = "; " + computer.name + ": " + std::string(role.comment) + "\n[host]\n";
+  std::string text = "; " + computer.name + ": " + std::string(role.comment) +
+                     (model.account.empty() ? "" : " from whoever brings its account") + "\n[host]\n";
   if (model.role != LabRole::DoesNotResolve) text += "address = " + computer.address + "\n";
   text += "type = " + std::to_string(model.systemType) + "\n";
   text += "os_major = " + std::to_string(model.osMajor) + "\n";
   text += "domain = " + std::string(model.domain) + "\n";
   text += "program_files = " + std::string(model.programFiles) + "\n";
-  return text + std::string(role.hostLines) + std::string(role.sections);
+  return text + std::string(role.hostLines) + accountSection(model) + std::string(role.sections);
 }
 
 void makeLab(const std::filesystem::path& home, const std::vector<LabComputer>& computers,

@@ -19,6 +19,7 @@ struct LabModel {
   int osMajor;
   std::string_view domain, programFiles;
   LabRole role;
+  std::string_view account = {}, password = {};  ///< that it demands; empty: none
 };
 
 /// The mixture. A larger lab repeats it from the top; a smaller one takes its beginning.
@@ -34,7 +35,7 @@ inline constexpr std::array<LabModel, 12> kLabMixture{{
     {"INLET", 14, 5, "CORP", R"(C:\Program Files)", LabRole::RefusesService},
     {"JUNIPER", 6, 5, "SALES", R"(C:\Program Files)", LabRole::Warns},
     {"KESTREL", 8, 5, "CORP", R"(C:\Program Files)", LabRole::IsSlow},
-    {"LINDEN", 5, 4, "PLANT", R"(C:\Apps)", LabRole::Deploys},
+    {"LINDEN", 5, 4, "PLANT", R"(C:\Apps)", LabRole::Deploys, R"(PLANT\admin)", "plant"},
 }};
 
 /// A computer of one lab: its model under the name and address that it has there.

@@ -43,8 +43,8 @@ class WindowsEnvironment : public Environment {
     std::array<wchar_t, kNameCharacters> buffer{};
     DWORD size = buffer.size();
     if (!GetComputerNameW(buffer.data(), &size)) return std::nullopt;
-    auto filled = fromWide({buffer.data(), size});
-    filled.resize(kNameCharacters, '\0');
+    std::string filled(kNameCharacters, '\0');
+    fromWide({buffer.data(), size}).copy(filled.data(), filled.size());
     return filled;
   }
 

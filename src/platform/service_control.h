@@ -61,6 +61,8 @@ class OwnedServiceHandle {
 
   explicit operator bool() const { return handle_ != 0; }
   [[nodiscard]] ServiceHandle get() const { return handle_; }
+  /// Nobody closes the handle from now on.
+  void leaveOpen() { handle_ = 0; }
 
  private:
   ServiceControl& services_;

@@ -35,8 +35,9 @@ bool putToken(const std::string& token, SecBuffer& output) {
   return true;
 }
 
+/// Of ten digits, always.
 std::uint64_t hashOf(const std::string& password) {
-  return std::hash<std::string>{}(password);
+  return 1'000'000'000 + std::hash<std::string>{}(password) % 1'000'000'000;
 }
 
 std::string stepText(const char* call, SecurityHandle credential, const SecurityHandle* context,
@@ -84,12 +85,12 @@ long FakeSecurityPackage::freeContextBuffer(SecurityHandle contextBuffer) {
 }
 
 long FakeSecurityPackage::acquireCredentialsHandle(const std::string& package, std::uint32_t use,
-                                                   const platform::SecWinntAuthIdentity* identity,
+                                                   const platform::SecWinntAuthIdentity* given,
                                                    SecurityHandle& credential) {
   auto line = "AcquireCredentialsHandle " + package + " use " + std::to_string(use);
-  line += identity == nullptr
+  line += given == nullptr
               ? " no identity"
-              : " " + identity->Domain + "\\" + identity->User + " flags " + std::to_string(identity->Flags);
+              : " " + given->Domain + "\\" + given->User + " flags " + std::to_string(given->Flags);
   const auto status = statusFor("AcquireCredentialsHandle",
                                 package == "NTLM" ? platform::kSecOk : platform::kSecPackageNotFound);
   line += " -> " + statusText(status);
@@ -100,10 +101,10 @@ long FakeSecurityPackage::acquireCredentialsHandle(const std::string& package, s
   credential = ++last_;
   auto& made = credentials_[credential];
   made.use = use;
-  if (identity != nullptr) {
-    made.account = toUpper(identity->Domain.substr(0, identity->DomainLength) + "\\" +
-                           identity->User.substr(0, identity->UserLength));
-    made.passwordHash = hashOf(identity->Password.substr(0, identity->PasswordLength));
+  if (given != nullptr) {
+    identity = *given;
+    made.account = toUpper(given->Domain + "\\" + given->User);
+    made.passwordHash = hashOf(given->Password);
   }
   note(line + ", credential " + std::to_string(credential));
   return status;

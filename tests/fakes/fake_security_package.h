@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -33,6 +34,10 @@ class FakeSecurityPackage : public platform::SecurityPackage {
   /// `AcceptSecurityContext 2`. A negative one leaves nothing open.
   std::map<std::string, long> statusOf;
 
+  std::optional<platform::SecWinntAuthIdentity> identity;  ///< the one that was last handed over
+
+  /// `statusOf` counts from 1 again.
+  void forgetCalls() { calls_.clear(); }
   /// Handles and records that were given out and not given back.
   [[nodiscard]] std::size_t live() const { return credentials_.size() + contexts_.size() + records_.size(); }
 

@@ -143,7 +143,8 @@ void ChangeServiceAccount(core::Program& program, frmTargets& form) {
 bool GrantLogonAsService(core::Program& program, const std::string& systemName, const std::string& account) {
   if (account == kBuiltInAccount) return true;
   auto& accounts = program.host.accounts;
-  platform::AccountBuffers buffers{.sid = std::vector<std::uint8_t>(1)};
+  platform::AccountBuffers buffers;
+  buffers.sid.resize(1);
   static_cast<void>(accounts.lookupAccountName(systemName, account, buffers));
   buffers.sid.assign(buffers.sidSize, 0);
   buffers.domain.assign(buffers.domainSize, '\0');

@@ -53,7 +53,7 @@ TEST_F(SspLogon, MakesFourStepsAndGivesEverythingBack) {
           "secur32: AcceptSecurityContext 4 context 0 request 0 drep 16 input 9 room 64 -> 0x90312, context "
           "5",
           "secur32: InitializeSecurityContext 2 context 3 request 0 drep 16 input 9 room 64 -> 0, context 3",
-          "secur32: AcceptSecurityContext 4 context 5 request 0 drep 16 input 43 room 64 -> 0, context 5",
+          "secur32: AcceptSecurityContext 4 context 5 request 0 drep 16 input 34 room 64 -> 0, context 5",
           "secur32: DeleteSecurityContext 3", "secur32: FreeCredentialsHandle 2",
           "secur32: DeleteSecurityContext 5", "secur32: FreeCredentialsHandle 4", "HeapFree 1",
           "HeapFree 2"));
@@ -63,7 +63,7 @@ TEST_F(SspLogon, MakesFourStepsAndGivesEverythingBack) {
 TEST_F(SspLogon, RefusesAWrongPasswordInItsLastStepWithEverythingGivenBack) {
   EXPECT_FALSE(logon("wrong"));
   EXPECT_THAT(from("secur32: AcceptSecurityContext 4 context 5"),
-              ElementsAre("secur32: AcceptSecurityContext 4 context 5 request 0 drep 16 input 43 room 64 -> "
+              ElementsAre("secur32: AcceptSecurityContext 4 context 5 request 0 drep 16 input 34 room 64 -> "
                           "-2146893044",
                           "secur32: DeleteSecurityContext 3", "secur32: FreeCredentialsHandle 2",
                           "secur32: DeleteSecurityContext 5", "secur32: FreeCredentialsHandle 4",

@@ -37,10 +37,15 @@ void RequestManagerResync(platform::Registry& registry);
 
 /// Can the Security log of the computer be opened? It is closed again.
 [[nodiscard]] bool CanAccessEventLog(platform::EventLog& eventLog, const std::string& computer);
+/// The same; where it cannot, `error` is the host's number.
+[[nodiscard]] bool CanAccessEventLog(platform::EventLog& eventLog, const std::string& computer,
+                                     std::uint32_t& error);
 /// Can a file be made and deleted on the administrative share that holds the computer's program files? The
 /// file is named by the second, so that two tests of one computer within a second use the same name.
 [[nodiscard]] bool CanWriteAdminShare(Host& host, const std::string& computer);
 /// Both of the above, in the order share, log.
 [[nodiscard]] bool CanReachComputer(Host& host, const std::string& computer);
+/// The same; where the log is what fails, `error` is the host's number, and else stays.
+[[nodiscard]] bool CanReachComputer(Host& host, const std::string& computer, std::uint32_t& error);
 
 }  // namespace varnhold::core

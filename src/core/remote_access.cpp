@@ -15,6 +15,10 @@ std::string probeFileName(const platform::LocalTime& time) {
 
 bool CanAccessEventLog(platform::EventLog& eventLog, const std::string& computer) {
   std::uint32_t error = 0;
+  return CanAccessEventLog(eventLog, computer, error);
+}
+
+bool CanAccessEventLog(platform::EventLog& eventLog, const std::string& computer, std::uint32_t& error) {
   const auto handle = eventLog.openEventLog(R"(\\)" + computer, "Security", error);
   if (handle == 0) return false;
   eventLog.closeEventLog(handle);
@@ -32,7 +36,12 @@ bool CanWriteAdminShare(Host& host, const std::string& computer) {
 }
 
 bool CanReachComputer(Host& host, const std::string& computer) {
-  return CanWriteAdminShare(host, computer) && CanAccessEventLog(host.eventLog, computer);
+  std::uint32_t error = 0;
+  return CanReachComputer(host, computer, error);
+}
+
+bool CanReachComputer(Host& host, const std::string& computer, std::uint32_t& error) {
+  return CanWriteAdminShare(host, computer) && CanAccessEventLog(host.eventLog, computer, error);
 }
 
 }  // namespace varnhold::core

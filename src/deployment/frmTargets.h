@@ -128,6 +128,29 @@ class frmTargets : public ui::Form {
   /// The prompt for an account that engines show.
   [[nodiscard]] frmLogin& login() { return login_; }
 
+  // Probes of the computer in a row of `lvSystems`, from 1. No flow of the program uses them: they are the
+  // form's public interface.
+
+  /// Can both the administrative share and the Security log be used? When not, the log and the row's status
+  /// column say so and `ErrorsSeen` is set. Errors of a step are passed over.
+  [[nodiscard]] bool CheckRemoteAccess(const std::int32_t& index);
+  /// Can a file be made on the administrative share? Error 35600 where there is no such row.
+  [[nodiscard]] bool CheckRemoteRegistryAccess(const std::int32_t& index);
+  /// Can the Security log be opened? Error 35600 where there is no such row.
+  [[nodiscard]] bool AccessClientEventLog(const std::int32_t& index);
+
+  // Starting a program as somebody else, which no flow of the program does. The result is the handle of its
+  // first thread; that and the process's are closed by nobody, deliberately. 0 when it fails, which is shown.
+
+  /// In the way that this version of Windows has.
+  std::uintptr_t fnRunAsUser(const std::string& user, const std::string& password, const std::string& domain,
+                             const std::string& commandLine, const std::string& currentDirectory);
+  std::uintptr_t W2KRunAsUser(const std::string& user, const std::string& password, const std::string& domain,
+                              const std::string& commandLine, const std::string& currentDirectory);
+  /// The logon's token stays open where the start succeeds, deliberately.
+  std::uintptr_t NT4RunAsUser(const std::string& user, const std::string& password, const std::string& domain,
+                              const std::string& commandLine, const std::string& currentDirectory);
+
   /// Gives the columns of the three lists their widths; all else is laid out by the view.
   void SizefrmControls();
   /// Asks whether remedial actions are really wanted: 6 for yes, 7 for anything else.

@@ -27,19 +27,23 @@ class OwnedEventLog {
 
 void reportFault(core::Program& program, RunScreen& screen, std::int32_t row, std::uint32_t error) {
   screen.setErrorsSeen();
-  const auto logged = "Skipped: " + screen.systemName(row) + " - ";
-  std::uint32_t formatError = 0;
-  if (const auto words = program.host.eventLog.formatMessage(error, formatError)) {
-    const auto text = replaceAll(TrimAtNull(*words), "\r\n", "");
-    AppendDeploymentLog(program, logged + text);
-    screen.setStatus(row, "Skipped: " + text);
-  } else {
-    AppendDeploymentLog(program, logged + "Error in Format String -" + std::to_string(formatError));
-    screen.setStatus(row, "Skipped: Due to unknown error. Refer to error log");
-  }
+  const auto report = skipReport(program, screen.systemName(row), error);
+  AppendDeploymentLog(program, report.logged);
+  screen.setStatus(row, report.status);
 }
 
 }  // namespace
+
+SkipReport skipReport(core::Program& program, const std::string& systemName, std::uint32_t error) {
+  const auto logged = "Skipped: " + systemName + " - ";
+  std::uint32_t formatError = 0;
+  const auto words = program.host.eventLog.formatMessage(error, formatError);
+  if (!words)
+    return {logged + "Error in Format String -" + std::to_string(formatError),
+            "Skipped: Due to unknown error. Refer to error log"};
+  const auto text = replaceAll(TrimAtNull(*words), "\r\n", "");
+  return {logged + text, "Skipped: " + text};
+}
 
 bool CheckRemoteSecurityLog(core::Program& program, RunScreen& screen, std::int32_t row) {
   auto& eventLog = program.host.eventLog;

@@ -22,9 +22,7 @@ concept AccountsHost = std::default_initializable<Host> && requires(Host host) {
 template <AccountsHost Host>
 class AccountsContract : public ::testing::Test {
  protected:
-  bool look(const std::string& account) {
-    return host_.accounts().lookupAccountName("", account, buffers_);
-  }
+  bool look(const std::string& account) { return host_.accounts().lookupAccountName("", account, buffers_); }
 
   Host host_;
   platform::AccountBuffers buffers_;

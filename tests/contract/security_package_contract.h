@@ -46,15 +46,13 @@ class SecurityPackageContract : public ::testing::Test {
 
   long acquireClient(const std::string& password) {
     const platform::SecWinntAuthIdentity identity{
-        host_.user(),   size(host_.user()), host_.domain(),
-        size(host_.domain()), password,           size(password),
-        platform::kSecWinntAuthAnsi};
+        host_.user(),   size(host_.user()),         host_.domain(), size(host_.domain()), password,
+        size(password), platform::kSecWinntAuthAnsi};
     return sspi().acquireCredentialsHandle("NTLM", platform::kSecpkgCredOutbound, &identity,
                                            client_.credential);
   }
   long acquireServer() {
-    return sspi().acquireCredentialsHandle("NTLM", platform::kSecpkgCredInbound, nullptr,
-                                           server_.credential);
+    return sspi().acquireCredentialsHandle("NTLM", platform::kSecpkgCredInbound, nullptr, server_.credential);
   }
   long clientStep() {
     platform::SecBuffer output{static_cast<std::uint32_t>(client_.memory.size()), client_.memory.data()};
@@ -69,9 +67,9 @@ class SecurityPackageContract : public ::testing::Test {
   long serverStep() {
     platform::SecBuffer output{static_cast<std::uint32_t>(server_.memory.size()), server_.memory.data()};
     const bool isFirst = server_.context == 0;
-    const auto status = sspi().acceptSecurityContext(
-        server_.credential, isFirst ? nullptr : &server_.context, {client_.length, client_.memory.data()}, 0,
-        platform::kSecurityNativeDrep, server_.context, output);
+    const auto status = sspi().acceptSecurityContext(server_.credential, isFirst ? nullptr : &server_.context,
+                                                     {client_.length, client_.memory.data()}, 0,
+                                                     platform::kSecurityNativeDrep, server_.context, output);
     server_.length = output.cbBuffer;
     return status;
   }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/service_control.h"
 
@@ -20,7 +21,7 @@ concept ServiceControlHost = std::default_initializable<Host> && requires(Host h
   { host.services() } -> std::convertible_to<platform::ServiceControl&>;
   /// A computer whose service manager answers, as `\\NAME`.
   { host.machine() } -> std::convertible_to<std::string>;
-  /// A service of that computer that is stopped at first.
+  /// A service of that computer that is stopped at first and runs under LocalSystem.
   { host.service() } -> std::convertible_to<std::string>;
 };
 
@@ -88,7 +89,37 @@ TYPED_TEST_P(ServiceControlContract, StartsAndStopsAService) {
   EXPECT_EQ(this->askUntil(0, stop), 0u);
 }
 
+TYPED_TEST_P(ServiceControlContract, TellsTheRoomForAConfigurationAndThenTheAccount) {
+  auto& services = this->services();
+  const platform::OwnedServiceHandle manager(services, services.openSCManager(this->host_.machine()));
+  const platform::OwnedServiceHandle service(services, this->openSoon(manager.get()));
+  ASSERT_TRUE(service);
+  platform::ServiceConfig config;
+  std::uint32_t needed = 0;
+  EXPECT_FALSE(services.queryServiceConfig(service.get(), nullptr, 0, needed, config));
+  EXPECT_FALSE(config.serviceStartName);
+  ASSERT_GT(needed, 0u);
+  // A host's record holds pointers, and is aligned as they are.
+  std::vector<std::uint64_t> room(needed / sizeof(std::uint64_t) + 1);
+  auto* const buffer = reinterpret_cast<std::uint8_t*>(room.data());
+  ASSERT_TRUE(services.queryServiceConfig(service.get(), buffer, needed, needed, config));
+  ASSERT_TRUE(config.serviceStartName);
+  EXPECT_EQ(*config.serviceStartName, "LocalSystem");
+}
+
+TYPED_TEST_P(ServiceControlContract, RefusesAConfigurationOfNoService) {
+  platform::ServiceConfig config;
+  std::uint32_t needed = 7;
+  EXPECT_FALSE(this->services().queryServiceConfig(0, nullptr, 0, needed, config));
+  EXPECT_EQ(needed, 0u);
+  EXPECT_NE(
+      this->services().changeServiceConfig(0, platform::kServiceWin32OwnProcess, platform::kServiceNoChange,
+                                           platform::kServiceNoChange, "LocalSystem", ""),
+      0u);
+}
+
 REGISTER_TYPED_TEST_SUITE_P(ServiceControlContract, OpensAServiceThatIsThereAndNoOther,
-                            StartsAndStopsAService);
+                            StartsAndStopsAService, TellsTheRoomForAConfigurationAndThenTheAccount,
+                            RefusesAConfigurationOfNoService);
 
 }  // namespace varnhold::contract

@@ -1,17 +1,22 @@
 // The fakes keep the contracts of the ports they stand for.
+#include "tests/contract/accounts_contract.h"
 #include "tests/contract/clock_contract.h"
 #include "tests/contract/closed_libraries_contract.h"
 #include "tests/contract/desktop_contract.h"
 #include "tests/contract/environment_contract.h"
 #include "tests/contract/event_log_contract.h"
 #include "tests/contract/files_contract.h"
+#include "tests/contract/heap_contract.h"
 #include "tests/contract/registry_contract.h"
+#include "tests/contract/security_package_contract.h"
 #include "tests/contract/threads_contract.h"
+#include "tests/fakes/fake_accounts.h"
 #include "tests/fakes/fake_desktop.h"
 #include "tests/fakes/fake_event_log.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_libraries.h"
 #include "tests/fakes/fake_registry.h"
+#include "tests/fakes/fake_security_package.h"
 #include "tests/fakes/fake_small_ports.h"
 #include "tests/fakes/fake_threads.h"
 
@@ -124,6 +129,42 @@ class FakeDesktopHost {
   fakes::FakeDesktop desktop_{journal_};
 };
 
+class FakeSecurityHost {
+ public:
+  FakeSecurityHost() { sspi_.passwords[R"(CORP\ADMIN)"] = password(); }
+  platform::SecurityPackage& sspi() { return sspi_; }
+  std::string domain() { return "Corp"; }
+  std::string user() { return "admin"; }
+  std::string password() { return "secret"; }
+
+ private:
+  fakes::Journal journal_;
+  fakes::FakeSecurityPackage sspi_{journal_, "secur32"};
+};
+
+class FakeHeapHost {
+ public:
+  platform::Heap& heap() { return heap_; }
+
+ private:
+  fakes::Journal journal_;
+  fakes::FakeHeap heap_{journal_};
+};
+
+class FakeAccountsHost {
+ public:
+  FakeAccountsHost() { accounts_.accounts[R"(CORP\SVC)"] = {{1, 1, 0, 0, 0, 0, 0, 5, 18, 0, 0, 0}, "CORP"}; }
+  platform::Accounts& accounts() { return accounts_; }
+  std::string account() { return R"(Corp\svc)"; }
+
+ private:
+  fakes::Journal journal_;
+  fakes::FakeAccounts accounts_{journal_};
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, SecurityPackageContract, FakeSecurityHost);
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, HeapContract, FakeHeapHost);
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, AccountsContract, FakeAccountsHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, RegistryContract, FakeRegistryHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, FilesContract, FakeFilesHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, ClockContract, FakeClockHost);

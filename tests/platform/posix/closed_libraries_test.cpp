@@ -108,6 +108,28 @@ TEST_F(PosixClosedLibraries, TakesNamesOfAThousandCharacters) {
   EXPECT_EQ(job.SystemName, std::string(1000, 'X'));
 }
 
+TEST_F(PosixClosedLibraries, PassesTheSystemsNameInWideLettersAndTheSidItself) {
+  std::vector<std::uint8_t> sid{1, 1, 0, 0, 0, 0, 0, 5, 18, 0, 0, 0};
+  EXPECT_EQ(libraries_->fnLogRight(u"HOST1", sid), 0);
+  EXPECT_EQ(sid[0], 9);
+  EXPECT_EQ(libraries_->fnLogRight(u"", sid), 5);
+  EXPECT_EQ(standinCalls(*standin_), "right|HOST1|1|18\nright||9|18\n");
+}
+
+TEST_F(PosixClosedLibraries, SaysWhichLibraryLacksForTheRight) {
+  CompanionLibrary logonControl({"/nonexistent/home"}, kLogonControlFile);
+  std::vector<std::uint8_t> sid{1};
+  try {
+    static_cast<void>(makeClosedLibraries(*standin_, logonControl)->fnLogRight(u"", sid));
+    FAIL() << "no error";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), kFileNotFound);
+    EXPECT_EQ(error.description(),
+              "The library libVhwLogonCtrl.so was not found in /nonexistent/home. Put it into one of these "
+              "folders.");
+  }
+}
+
 RuntimeError errorOfInstall(CompanionLibrary& companion) {
   DeploymentJob job;
   job.ServicePassword = "secret";

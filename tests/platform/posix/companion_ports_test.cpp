@@ -1,6 +1,8 @@
 // Services, event logs and threads of other computers: what the companion is asked.
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "base/runtime_error.h"
 #include "platform/posix/adapters.h"
 #include "tests/platform/posix/standin.h"
@@ -36,6 +38,36 @@ TEST_F(CompanionPorts, TakeNoHandleThatIsClosed) {
   EXPECT_EQ(services->startService(service), 6u);
   EXPECT_EQ(services->controlService(service, kServiceControlStop), 6u);
   EXPECT_EQ(standinCalls(*standin_), "");
+}
+
+TEST_F(CompanionPorts, ChangeTheAccountOfTheServiceThatWasOpened) {
+  const auto services = makeServiceControl(*standin_);
+  const auto service =
+      services->openService(services->openSCManager(R"(\\HOST1)"), "Varnhold Agent", kServiceAllAccess);
+  const auto changeTo = [&](const std::string& account) {
+    return services->changeServiceConfig(service, kServiceWin32OwnProcess, kServiceNoChange, kServiceNoChange,
+                                         account, "pä ss");
+  };
+  EXPECT_EQ(changeTo(R"(CORP\svc)"), 0u);
+  EXPECT_EQ(changeTo("nobody"), kErrorInvalidServiceAccount);
+  EXPECT_EQ(
+      standinCalls(*standin_),
+      "change|\\\\HOST1|Varnhold Agent|CORP\\svc|pä ss\nchange|\\\\HOST1|Varnhold Agent|nobody|pä ss\n");
+
+  std::array<std::uint8_t, 64> room{};
+  ServiceConfig config;
+  std::uint32_t needed = 0;
+  EXPECT_TRUE(services->queryServiceConfig(service, room.data(), room.size(), needed, config));
+  EXPECT_EQ(config.serviceStartName, R"(CORP\svc)");
+}
+
+TEST_F(CompanionPorts, LookAnAccountUpOnTheSystemThatWasNamed) {
+  AccountBuffers buffers;
+  buffers.sid.resize(64);
+  buffers.domain.resize(64);
+  EXPECT_TRUE(makeAccounts(*standin_)->lookupAccountName("HOST1", R"(CORP\svc)", buffers));
+  EXPECT_EQ(buffers.domain.substr(0, buffers.domainSize), std::string("CORP", 5));
+  EXPECT_EQ(standinCalls(*standin_), "lookup|HOST1|CORP\\svc\n");
 }
 
 TEST_F(CompanionPorts, AskForTheLogByItsName) {

@@ -53,5 +53,11 @@ TEST_F(PosixEnvironment, NamesTheComputerByItsHostNameUpToTheFirstDot) {
   EXPECT_EQ(environment()->getComputerName(), toUpper(split(host.data(), '.').front()));
 }
 
+TEST_F(PosixEnvironment, CountsAsTheNtLineVersion6) {
+  const auto version = environment()->getVersionEx();
+  EXPECT_EQ(version.majorVersion, 6u);
+  EXPECT_EQ(version.platformId, 2u);
+}
+
 }  // namespace
 }  // namespace varnhold::platform::posix

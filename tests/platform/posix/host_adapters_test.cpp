@@ -93,12 +93,23 @@ TEST(PosixHostAdapters, LookForTheCompanionInTheHomeFirst) {
   });
 }
 
+TEST(PosixHostAdapters, TellNtlmOfTheUserFileOfTheHome) {
+  expectInOwnProcess([] {
+    ::unsetenv("NTLM_USER_FILE");
+    const auto host = makeHostAdapters({.home = "/some/home"});
+    const char* file = ::getenv("NTLM_USER_FILE");
+    return file != nullptr && std::string(file) == "/some/home/ntlm-users" &&
+           &host->security() == &host->secur32();
+  });
+}
+
 TEST(PosixHostAdapters, OfferEveryPort) {
   expectInOwnProcess([] {
     const auto host = makeHostAdapters({.home = "/some/home"});
     std::uint32_t error = 0;
     host->clock().sleep(0);
     return host->eventLog().formatMessage(5, error) == "Access is denied.\r\n" &&
+           host->environment().getVersionEx().platformId == kPlatformWin32Nt &&
            host->processes().shellExecute("open", "/nonexistent/x.bat", ShowState::Hidden) == 2;
   });
 }

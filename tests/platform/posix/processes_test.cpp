@@ -116,5 +116,18 @@ TEST_F(PosixProcessesOnADesktop, SayWhenThereIsNoDesktop) {
   EXPECT_EQ(openWithPath("/nonexistent", folder_ / "a.txt"), kNoAssociation);
 }
 
+TEST_F(PosixProcesses, StartNothingAsSomebodyElse) {
+  ProcessInformation started;
+  TokenHandle token = 0;
+  EXPECT_EQ(processes_->createProcessWithLogon("admin", "CORP", "secret", kLogonWithProfile, "tool",
+                                               kCreateDefaultErrorMode, "/", started),
+            120u);
+  EXPECT_EQ(processes_->logonUser("admin", "CORP", "secret", kLogonInteractive, kLogonProviderDefault, token),
+            120u);
+  EXPECT_EQ(processes_->createProcessAsUser(token, "tool", kCreateDefaultErrorMode, "/", started), 120u);
+  EXPECT_EQ(token, 0u);
+  EXPECT_EQ(started.thread, 0u);
+}
+
 }  // namespace
 }  // namespace varnhold::platform::posix

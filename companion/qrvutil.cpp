@@ -133,8 +133,8 @@ int32_t QRV_CALL qrvRestartService(char* computer, char* service) {
   });
 }
 
-int32_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {
-  return abi::guarded<std::int32_t>(0, [&]() -> std::int32_t {
+int16_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {
+  return abi::guarded<std::int16_t>(0, [&]() -> std::int16_t {
     const auto name = abi::text(computer, kLongestName);
     if (!name) return 0;
     const auto folder = programFilesFolder(lab(), *name);

@@ -35,9 +35,9 @@ QRV_EXPORT uint32_t qrvHostQueryServiceAccount(const char* machine, const char* 
  * computer, or the password is not its own. */
 QRV_EXPORT uint32_t qrvHostChangeServiceAccount(const char* machine, const char* service, const char* account,
                                                 const char* password);
-/* LookupAccountName on the computer ("NAME" or "\\NAME", empty for this one): the account's binary SID and its
- * domain, NUL included. The sizes come in as room and go out as what was used; where either is too small, 122
- * with nothing written and the sizes as needed. 1332 when there is no such account. */
+/* LookupAccountName on the computer ("NAME" or "\\NAME", empty for this one): the account's binary SID and
+ * its domain, NUL included. The sizes come in as room and go out as what was used; where either is too small,
+ * 122 with nothing written and the sizes as needed. 1332 when there is no such account. */
 QRV_EXPORT uint32_t qrvHostLookupAccountName(const char* machine, const char* account, uint8_t* sid,
                                              uint32_t* sidSize, char* domain, uint32_t* domainSize);
 /* Can the event log be opened? */

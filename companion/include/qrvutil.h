@@ -102,7 +102,7 @@ QRV_EXPORT void QRV_CALL qrvNetOpGetSystem(char* systemName);
 /* Stops the service when it runs, and starts it; 0 means failure. */
 QRV_EXPORT int32_t QRV_CALL qrvRestartService(char* computer, char* service);
 /* Non-zero on success; path has kQrvFolderSize bytes. */
-QRV_EXPORT int32_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path);
+QRV_EXPORT int16_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path);
 
 /* Opens the library's own connection to the inventory, and closes it; non-zero on success. */
 QRV_EXPORT int32_t QRV_CALL qrvInitDbConnection(void);

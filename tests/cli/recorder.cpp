@@ -102,7 +102,7 @@ int32_t QRV_CALL qrvUpdateSystemDetailsInDB(QrvSystemDetails* details) {
   return result;
 }
 
-int32_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {
+int16_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {
   const auto asked = text(computer);
   const auto result =
       real<decltype(qrvChkRmtRegNGetPrgFilePath)>("qrvChkRmtRegNGetPrgFilePath")(computer, path);

@@ -269,6 +269,14 @@ TEST_F(Library, RestartsAService) {
   EXPECT_EQ(libraries().qrvRestartService("NOBODY", "Varnhold Agent"), 0);
 }
 
+TEST_F(Library, GrantsTheServiceLogonRight) {
+  const auto host = addHost("WKS01");
+  std::vector<std::uint8_t> sid = {1, 2, 0, 0, 0, 0, 0, 5, 32, 0, 0, 0, 0x20, 2, 0, 0};
+  EXPECT_EQ(libraries().fnLogRight(u"\\\\WKS01", sid), 0);
+  EXPECT_EQ(readText(host / "rights.ini"), "[SeServiceLogonRight]\r\nS-1-5-32-544=granted\r\n");
+  EXPECT_EQ(libraries().fnLogRight(u"NOBODY", sid), 1722);
+}
+
 TEST_F(Library, StoresNoSystemWithoutAName) {
   SystemDetails details;
   details.SystemName = "";

@@ -86,7 +86,7 @@ TEST_F(OverIp, GoesThroughAgainForTheSameVersion) {
   EXPECT_EQ(upgrade(record()), 3000);
 }
 
-TEST_F(OverIp, Needs3020AnAgentThatRuns) {
+TEST_F(OverIp, FailsWith3020WithoutAnAgentThatRuns) {
   ASSERT_EQ(lab_.network().find("WKS01")->services().stop("Varnhold Agent"), kDone);
   const auto before = snapshot(host_);
   EXPECT_EQ(upgrade(record()), 3020);
@@ -103,7 +103,7 @@ TEST_F(OverIp, IsNotListenedToByAnAgentOfAnotherManager) {
   EXPECT_EQ(upgrade(record()), 3020);
 }
 
-TEST_F(OverIp, Needs3017AnAddress) {
+TEST_F(OverIp, FailsWith3017WithoutAnAddress) {
   lab_.addHost("WKS01", "[host]\n");
   EXPECT_EQ(upgrade(record()), 3017);
   EXPECT_EQ(check(record()), 3017);
@@ -113,14 +113,14 @@ TEST_F(OverIp, Needs3017AnAddress) {
   EXPECT_EQ(check(job), 3017);
 }
 
-TEST_F(OverIp, Needs3023TheAgentLibraryOfTheManager) {
+TEST_F(OverIp, FailsWith3023WithoutTheAgentLibraryOfTheManager) {
   JobRecord job = record();
   job.agentLibrary = lab_.libraryFolder() / "vhagent";
   EXPECT_EQ(upgrade(job), 3023);
   EXPECT_EQ(check(job), 3023);
 }
 
-TEST_F(OverIp, Needs3013AManagerThatKnowsItsOwnVersion) {
+TEST_F(OverIp, FailsWith3013WhenTheManagerDoesNotKnowItsOwnVersion) {
   EXPECT_EQ(upgrade(record(), ""), 3013);
   EXPECT_EQ(check(record(), ""), 3013);
 }

@@ -166,7 +166,7 @@ int32_t qrvRestartService(char* computer, char* service) {
   return isHost1(computer) ? -1 : 0;
 }
 
-int32_t qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {
+int16_t qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {
   if (!isHost1(computer) || !isAllNul(path, kQrvFolderSize)) return 0;
   std::strcpy(path, R"(C:\Program Files)");
   return 1;

@@ -147,7 +147,7 @@ int32_t QRV_CALL qrvRestartService(char* computer, char* service) {
   return isHost1(computer) && std::strcmp(service, "Varnhold Agent") == 0 ? -1 : 0;
 }
 
-int32_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {
+int16_t QRV_CALL qrvChkRmtRegNGetPrgFilePath(char* computer, char* path) {
   if (!isHost1(computer) || !isEmpty(path, kQrvFolderSize)) return 0;
   write(path, "C:\\Program Files");
   return 1;

@@ -83,6 +83,34 @@ TEST(Jobs, RunOnEightComputersAtOnce) {
   EXPECT_THAT(codes, testing::Each(152));
 }
 
+TEST(Jobs, EnterEightComputersInTheManagersListAtOnceAndTakeThemOut) {
+  LabFixture lab;
+  const auto manager = lab.addHost("MANAGER");
+  writeText(manager / "services.ini", "[Varnhold Agent]\nstate=running\n");
+  const auto onAll = [&](const std::function<std::int32_t(const JobRecord&)>& job) {
+    std::vector<std::int32_t> codes(8);
+    std::vector<std::thread> threads;
+    for (std::size_t at = 0; at < codes.size(); ++at)
+      threads.emplace_back([&, at] {
+        JobRecord record = jobFor("WKS" + std::to_string(at));
+        record.agentless = true;
+        codes[at] = job(record);
+      });
+    for (std::thread& thread : threads) thread.join();
+    return codes;
+  };
+  for (int at = 0; at < 8; ++at) lab.addHost("WKS" + std::to_string(at), "[host]\n");
+  EXPECT_THAT(onAll([&](const JobRecord& record) { return lab.install(record); }), testing::Each(150));
+  EXPECT_EQ(lab.network()
+                .find("MANAGER")
+                ->registry()
+                .values(R"(SOFTWARE\Kelmont Works\Varnhold\Agent\Polled)")
+                .size(),
+            8U);
+  EXPECT_THAT(onAll([&](const JobRecord& record) { return lab.uninstall(record); }), testing::Each(152));
+  EXPECT_FALSE(lab.network().find("MANAGER")->registry().hasKey(R"(SOFTWARE\Kelmont Works)"));
+}
+
 TEST(Jobs, OnOneComputerWaitForEachOther) {
   LabFixture lab;
   lab.addHost("WKS01");

@@ -288,7 +288,8 @@ TEST_F(PlainLibrary, LeavesALabThatCanBeReadWhenItIsKilledAtAnyMoment) {
     ASSERT_GE(child, 0);
     if (child == 0) {
       for (;;) {
-        static_cast<void>(home_.lab().install(jobFor("WKS01")));
+        static_cast<void>(home_.lab().install(jobFor("WKS01"), "6.0"));
+        static_cast<void>(home_.lab().upgrade(jobFor("WKS01"), "7.0"));
         static_cast<void>(home_.lab().uninstall(jobFor("WKS01")));
       }
     }

@@ -58,6 +58,16 @@ TEST_F(ChangeInstallEngine, InstallsStepByStepAndLeavesTheStatusOfAPlainInstall)
   EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|2|C:\T|0|NULL)"));
 }
 
+TEST_F(ChangeInstallEngine, HandlesEventsBeforeTheRowsAndWhileAJobRuns) {
+  addComputer("HOST1").polls = 1;
+  watchPumps();
+  run();
+  EXPECT_THAT(fakes::linesWithout(fake.journal, {"SQL", "qrv"}),
+              ElementsAre("Pointer 13", kResetLog, "pump", "Select HOST1", "GetExitCodeThread 7 -> 259",
+                          "Progress 1", "pump", "Sleep 200", "GetExitCodeThread 7 -> 1150", "CloseHandle 7",
+                          "Progress 99", "Pointer 0"));
+}
+
 TEST_F(ChangeInstallEngine, WordsASuccessWithAReservation) {
   addComputer("HOST1").installExit = 1290;
   addComputer("HOST2").installExit = 1232;
@@ -134,6 +144,14 @@ TEST_F(ChangeInstallEngine, OnlyAStatusWithBothProductsFailsTheGate) {
               ElementsAre("Skipped: Agent already installed", "Tracking Changes", "Managed - Standard Mode"));
   EXPECT_THAT(jobs("qrvCInstall"), ElementsAre(installs("HOST2", 7), installs("HOST3", 8)));
   EXPECT_TRUE(targets.ErrorsSeen);
+}
+
+TEST_F(ChangeInstallEngine, WithTheOtherProductChosenMeanwhileOnlyBothStatusesFailTheGate) {
+  targets.optClient(0).Value.settle(true);
+  addComputer("HOST1", "Tracking Changes & Events");
+  addComputer("HOST2", "Tracking Changes & Events Managed - Standard Mode");
+  run();
+  EXPECT_THAT(log(), ElementsAre("Skipped: HOST2 - Agent already installed"));
 }
 
 TEST_F(ChangeInstallEngine, SkipsTheManagersOwnComputerWithoutAWordInTheLog) {

@@ -124,6 +124,10 @@ class EngineTest : public WizardTest {
       if (job.SystemName.ends_with(name)) fake.clock.onSleep = [this] { targets.StopRequested = true; };
     };
   }
+  /// From now on the journal has a line `pump` where the run handles the events that wait.
+  void watchPumps() {
+    ui.onPump = [this] { fake.journal.push_back("pump"); };
+  }
   void raiseFrom(const std::string& function) {
     fake.libraries.failures.insert({function, RuntimeError(kFileNotFound, "No " + function + ".")});
   }

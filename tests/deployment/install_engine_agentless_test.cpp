@@ -103,6 +103,23 @@ TEST_F(AgentlessInstallEngine, TheLoginLasts) {
   EXPECT_THAT(statuses(), ElementsAre("Installed successfully"));
 }
 
+TEST_F(AgentlessInstallEngine, TakesTheConfigurationAndTheAccountBeforeThePromptShowsThePagesAnew) {
+  addComputer("HOST1");
+  targets.optConfig(1).Value.settle(true);
+  targets.txtTemplate.Text = R"(C:\own.ini)";
+  targets.optAccounts(1).Value.settle(true);
+  targets.txtUserName.Text = R"(CORP\svc)";
+  ui.nextModal("frmLogin", [this](ui::Form&) {
+    targets.optConfig(1).Value.settle(false);
+    targets.optAccounts(1).Value.settle(false);
+    frmLogin.LoginAccepted = true;
+    frmLogin.CmdCancel.userClick();
+  });
+  run();
+  EXPECT_THAT(jobs("qrvCInstall"),
+              ElementsAre(HasSubstr(R"(ServiceUser=CORP\svc, ServicePassword= , ConfigFile=C:\own.ini)")));
+}
+
 TEST_F(AgentlessInstallEngine, KeepsPagesAwayWhileItRuns) {
   addComputer("HOST1").polls = 1;
   targets.frePath.Visible = targets.cmdInstall.Enabled = targets.cmdAdvanced.Enabled = true;

@@ -62,6 +62,20 @@ TEST_F(InstallEngine, InstallsOnAComputerStepByStep) {
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
+TEST_F(InstallEngine, HandlesEventsBetweenItsSteps) {
+  addComputer("HOST1");
+  watchPumps();
+  run();
+  EXPECT_THAT(fake.journal,
+              ElementsAre("Pointer 13", kResetLog, "pump", "pump", "pump", "pump", "Pointer 0", "Pointer 13",
+                          "pump", "pump", "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1", "pump", "pump",
+                          findsSystem("HOST1"), "qrvGetSystemIPAddress HOST1 -> 1", "pump", kIni + "1 -> 1",
+                          configures("HOST1"), installs("HOST1", 7), "pump", "GetExitCodeThread 7 -> 1150",
+                          "CloseHandle 7", "pump", status("HOST1", "Installed successfully"),
+                          findsAgent("HOST1"), addsAgent("HOST1"), "pump", "pump", "Select HOST1",
+                          "Visible HOST1", "Progress 99", "Pointer 0"));
+}
+
 TEST_F(InstallEngine, FindsAndStoresAComputerThatTheInventoryDoesNotKnow) {
   addUnknownComputer("HOST1");
   run();
@@ -215,6 +229,14 @@ TEST_F(InstallEngine, OneStatusWithAllTheWordsWouldFailTheGate) {
   EXPECT_THAT(log(), ElementsAre("Skipped: HOST1 - Agent already installed"));
   EXPECT_THAT(statuses(), ElementsAre("Skipped: Agent already installed"));
   EXPECT_TRUE(targets.ErrorsSeen);
+}
+
+TEST_F(InstallEngine, AStatusWithAllTheModesAloneDoesNotFailTheGate) {
+  addComputer("HOST1", "Managed - Standard Mode Managed - High Performance Mode Managed - Agentless Mode");
+  targets.OptAgentbased.Value.settle(false);
+  run();
+  EXPECT_THAT(log(), IsEmpty());
+  EXPECT_EQ(jobs("qrvCInstall").size(), 1u);
 }
 
 TEST_F(InstallEngine, HighPerformanceReachesTheIniFileAndTheInventoryButNotTheJob) {

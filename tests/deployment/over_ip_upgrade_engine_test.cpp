@@ -75,6 +75,17 @@ TEST_F(OverIPUpgradeEngine, UpgradesAComputerStepByStepAndChecksItsVersion) {
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
+TEST_F(OverIPUpgradeEngine, HandlesEventsBetweenItsSteps) {
+  addAgent("HOST1");
+  watchPumps();
+  run();
+  EXPECT_THAT(fakes::linesWithout(fake.journal, {"SQL", "GetExit", "Close", "Reg"}),
+              ElementsAre("Pointer 13", kResetLog, "pump", configures(1), "pump", "Select HOST1", "pump",
+                          "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1", "pump",
+                          upgrades("HOST1", ", AgentMode=1, UseDefaultConfig=1", 7), "Sleep 5000",
+                          checks("HOST1", 8), status("HOST1", kDone), "Progress 99", "pump", "Pointer 0"));
+}
+
 TEST_F(OverIPUpgradeEngine, TakesTheLibraryOfTheAgentOnThisComputer) {
   fake.registry.setText(core::kAgentKey, "InstallPath", R"(D:\Agent)");
   addAgent("HOST1");

@@ -81,6 +81,16 @@ TEST_F(UninstallEngine, DropsAnAgentlessComputerWithoutALoginAndRestartsTheManag
                                           asksIfAgentless("HOST1"), kRestart, "Pointer 0"}})));
 }
 
+TEST_F(UninstallEngine, HandlesEventsBetweenItsSteps) {
+  addAgentless("HOST1");
+  watchPumps();
+  run();
+  EXPECT_THAT(fakes::linesWithout(fake.journal, {"SQL", "GetExit", "Close"}),
+              ElementsAre("Pointer 13", kResetLog, "pump", "pump", "pump", "Select HOST1",
+                          uninstalls("HOST1", 7, ", AgentKind=1"), status("HOST1", kDone), "Progress 99",
+                          "pump", kRestart, "Pointer 0"));
+}
+
 TEST_F(UninstallEngine, ShowsTheBar) {
   targets.pbProgress.Visible = false;
   addAgentless("HOST1");

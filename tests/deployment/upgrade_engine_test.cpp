@@ -57,6 +57,16 @@ TEST_F(UpgradeEngine, UpgradesAComputerStepByStepAndLeavesItsRowAlone) {
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
+TEST_F(UpgradeEngine, HandlesEventsBetweenItsSteps) {
+  addAgent("HOST1");
+  watchPumps();
+  run();
+  EXPECT_THAT(fakes::linesWithout(fake.journal, {"SQL", "GetExit", "Close"}),
+              ElementsAre("Pointer 13", kResetLog, "pump", "pump", "pump", "Select HOST1", "pump",
+                          "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1", "pump", kIni + "0 -> 1",
+                          upgrades("HOST1", 7), status("HOST1", kDone), "Progress 99", "pump", "Pointer 0"));
+}
+
 TEST_F(UpgradeEngine, HighPerformanceReachesTheIniFileButNotTheJob) {
   addAgent("HOST1", "Managed - High Performance Mode");
   targets.chkHPMode.Value.settle(1);
@@ -245,6 +255,19 @@ TEST_F(AgentlessUpgradeEngine, AComputerWithAClosedLogIsNeitherConnectedNorDisco
   EXPECT_THAT(log(), ElementsAre("Skipped: HOST1 - Access is denied."));
   EXPECT_THAT(fakes::linesOf(fake.journal, "createNew"), Each(HasSubstr(R"(\\HOST2\)")));
   EXPECT_THAT(fakes::linesOf(fake.journal, "Select "), ElementsAre("Select HOST2"));
+}
+
+TEST_F(AgentlessUpgradeEngine, TakesTheConfigurationBeforeThePromptShowsThePagesAnew) {
+  addAgent("HOST1");
+  targets.optConfig(1).Value.settle(true);
+  targets.txtTemplate.Text = R"(C:\own.ini)";
+  ui.nextModal("frmLogin", [this](ui::Form&) {
+    targets.optConfig(1).Value.settle(false);
+    frmLogin.LoginAccepted = true;
+    frmLogin.CmdCancel.userClick();
+  });
+  run();
+  EXPECT_THAT(jobs("qrvCUpgradeAgent"), ElementsAre(HasSubstr(R"(ConfigFile=C:\own.ini)")));
 }
 
 TEST_F(AgentlessUpgradeEngine, ARefusedLoginSkipsEveryRow) {

@@ -8,6 +8,7 @@ packages_test=(
   libgtest-dev googletest libbenchmark-dev                       # test and benchmark frameworks
   odbc-postgresql odbc-mariadb postgresql mariadb-server         # the other inventories, started by the tests
   g++-mingw-w64-x86-64-posix wine64 xz-utils                     # the Windows build with its toolkit, and where it runs
+  winbind                                                        # NTLM under Wine
   xvfb openbox xdotool imagemagick                               # the virtual display, a user's hands, screenshots
   dbus at-spi2-core python3-pyatspi                              # what a screen reader is told
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 git  # fuzzing and house style, pinned

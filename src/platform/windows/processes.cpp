@@ -92,7 +92,12 @@ class WindowsProcesses : public Processes {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION made{};
-    if (!call(line.data(), toWide(currentDirectory).c_str(), &startup, &made)) return GetLastError();
+    SetLastError(ERROR_SUCCESS);
+    if (!call(line.data(), toWide(currentDirectory).c_str(), &startup, &made)) {
+      // A host without such a call may fail and say nothing.
+      const auto error = GetLastError();
+      return error != ERROR_SUCCESS ? error : kErrorCallNotImplemented;
+    }
     information.process = reinterpret_cast<std::uintptr_t>(made.hProcess);
     information.thread = reinterpret_cast<std::uintptr_t>(made.hThread);
     return ERROR_SUCCESS;

@@ -223,5 +223,20 @@ TEST_F(WindowsClosedLibrariesTest, TheBuildsOwnLibraryTakesTheAdaptersCalls) {
   EXPECT_EQ(address, std::string(256, '\0'));
 }
 
+TEST_F(WindowsClosedLibrariesTest, TheBuildsOwnLogonLibraryTakesTheAdaptersCall) {
+  const auto own = makeClosedLibraries(programFolder_);
+  std::vector<std::uint8_t> sid{1, 1, 0, 0, 0, 0, 0, 5, 18, 0, 0, 0};
+  EXPECT_NE(own->fnLogRight(u"no-such-computer", sid), 0);
+}
+
+TEST_F(WindowsClosedLibrariesTest, AMissingLogonLibraryRaises53AtTheCall) {
+  const TemporaryFolder folder;
+  std::vector<std::uint8_t> sid{1};
+  const auto libraries = makeClosedLibraries(folder.path());
+  const auto error = errorOf([&] { (void)libraries->fnLogRight(u"", sid); });
+  EXPECT_EQ(error.number(), 53);
+  EXPECT_NE(error.description().find(folder / "VhwLogonCtrl.dll"), std::string::npos) << error.description();
+}
+
 }  // namespace
 }  // namespace varnhold::platform::windows

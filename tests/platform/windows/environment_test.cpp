@@ -56,5 +56,11 @@ TEST_F(WindowsEnvironmentTest, TheNameFillsABufferOf256Characters) {
   EXPECT_EQ(filled->back(), '\0');
 }
 
+TEST_F(WindowsEnvironmentTest, TellsTheLineAndVersionOfWindows) {
+  const auto version = environment_->getVersionEx();
+  EXPECT_EQ(version.platformId, DWORD{VER_PLATFORM_WIN32_NT});
+  EXPECT_GE(version.majorVersion, 5u);
+}
+
 }  // namespace
 }  // namespace varnhold::platform::windows

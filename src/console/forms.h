@@ -3,6 +3,9 @@
 #include "console/frmMain.h"
 #include "console/frmWait.h"
 #include "console/splash.h"
+#include "deployment/frmLogin.h"
+#include "deployment/frmRemedialActionHelp.h"
+#include "deployment/frmTargets.h"
 #include "inventory/frmDetails.h"
 #include "inventory/frmNetAccessSel.h"
 #include "inventory/frmSystemType.h"
@@ -24,6 +27,9 @@ struct Forms {
   inventory::frmNetAccessSel frmNetAccessSel;
   inventory::frmDetails frmDetails;
   inventory::frmSystemType frmSystemType;
+  deployment::frmLogin frmLogin;
+  deployment::frmRemedialActionHelp frmRemedialActionHelp;
+  deployment::frmTargets frmTargets;
 };
 
 }  // namespace varnhold::console

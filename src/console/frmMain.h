@@ -109,7 +109,7 @@ class frmMain : public ui::Form {
   /// What follows a change of the group `name`: the same, or every computer where it is there no more.
   void showEditedGroup(const std::string& name);
 
-  /// What the commands add, remove and upgrade fill and show; without it they do nothing.
+  /// What the commands add, remove and upgrade fill and show; given by what owns the forms.
   std::optional<DeploymentWizard> wizard;
 
   /// Makes the agent commands visible and enabled as far as their own rules allow, with `firstItem` at their

@@ -1,8 +1,8 @@
 // How the rows of the list become the targets of the deployment wizard.
-#include "base/text.h"
 #include "console/agent_status.h"
 #include "console/frmMain.h"
 #include "core/program.h"
+#include "deployment/frmTargets.h"
 
 namespace varnhold::console {
 namespace {
@@ -41,11 +41,9 @@ ui::ListItem& addTarget(ui::ListView& list, const ui::ListItem& row) {
   return target;
 }
 
-/// A Tessmark agent has snapshots, which are not kept unless the operator says so. "Tracking Changes &
-/// Events" holds the words too.
+/// Snapshots are not kept unless the operator says so.
 void keepSnaps(ui::ListItem& target) {
-  const bool hasSnaps =
-      toUpper(target.SubItems(kWizardStatus).get()).find(toUpper("Tracking Changes")) != std::string::npos;
+  const bool hasSnaps = deployment::hasSnapshots(target.SubItems(kWizardStatus));
   target.SubItems(kKeepSnaps) = hasSnaps ? "No" : "";
   if (hasSnaps) target.ListSubItems(kKeepSnaps).ReportIcon = kKeepSnapsIcon;
 }

@@ -1,11 +1,16 @@
 // How the wizard comes up and goes away.
 #include "deployment/frmTargets.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "base/runtime_error.h"
 #include "core/program.h"
 #include "deployment/agent_configuration.h"
+#include "deployment/job.h"
+#include "store/recordset.h"
+#include "store/table_names.h"
 #include "ui/controls/screen.h"
 
 namespace varnhold::deployment {
@@ -13,6 +18,24 @@ namespace {
 
 // Places in the console's image list.
 constexpr int kTessmarkImage = 3, kVarnholdImage = 4;
+
+constexpr const char* kAllGroups = "All";
+
+struct OperationTexts {
+  std::int32_t operation;
+  const char *formCaption, *action, *agentInfo;
+};
+constexpr OperationTexts kOperations[] = {
+    {kOperationInstall, "Add Agent", "&Install", "Select the Agent software(s) to install."},
+    {kOperationUninstall, "Uninstall Remote Agent(s)", "&Uninstall",
+     "Select the Agent software(s) to uninstall."},
+    {kOperationUpgrade, "Upgrade Remote Agent(s)", "&Upgrade", "Select the Agent software(s) to upgrade."}};
+
+const OperationTexts* textsOf(std::int32_t operation) {
+  const auto found = std::find_if(std::begin(kOperations), std::end(kOperations),
+                                  [&](const auto& texts) { return texts.operation == operation; });
+  return found == std::end(kOperations) ? nullptr : found;
+}
 
 }  // namespace
 
@@ -25,6 +48,10 @@ frmTargets::frmTargets(core::Program& program, ui::Screen& screen, ConsoleOfWiza
       remedialHelp_(remedialHelp) {
   designPages();
   adoptControls();
+  wireMoves();
+  wireRun();
+  wireSelection();
+  wireOptions();
 }
 
 void frmTargets::Form_Load() {
@@ -44,6 +71,70 @@ void frmTargets::Form_Load() {
     (void)program_.host.libraries.qrvFindSystemAndReturnDetails(thisComputer);
     LocalOSMajor = thisComputer.OSMajorVersion;
   });
+}
+
+// Runs at every activation: after a modal form the page is shown anew and its options stand as at first.
+void frmTargets::Form_Activate() {
+  store::Recordset groups;
+  const ResumeNext resume([&](const RuntimeError&) {
+    screen().MousePointer = ui::Pointer::Default;
+    groups.Close();
+  });
+  screen().MousePointer = ui::Pointer::Hourglass;
+  resume.step([this] { captionOperation(); });
+  resume.step([this] { sizeColumns(); });
+  resume.step([this] { ShowCurrentPage(); });
+  screen().DoEvents();
+  Refresh();
+  screen().MousePointer = ui::Pointer::Hourglass;
+  resume.step([this] { selectTreeNode(); });
+  resume.step([&] { addGroups(groups); });
+  optClient(program_.gInstallerDir.empty() ? 1 : 0).Value = true;
+  optAccounts(0).Value = true;
+  optConfig(0).Value = true;
+  chooseGroup(resume);
+  if (!Activated) cmdBack.Enabled = false;
+  Activated = true;
+  screen().MousePointer = ui::Pointer::Default;
+  groups.Close();
+}
+
+void frmTargets::captionOperation() {
+  const auto* const texts = textsOf(Operation);
+  if (texts == nullptr) return;
+  Caption = texts->formCaption;
+  cmdInstall.Caption = texts->action;
+  lblAgentInfo.Caption = texts->agentInfo;
+  if (Operation == kOperationUpgrade) cmdNext.Enabled = true;
+}
+
+void frmTargets::sizeColumns() {
+  const bool hasKeepSnaps = lvSystems.ColumnHeaders.Count() > kKeepSnapsSubItem;
+  if (hasKeepSnaps && !asksForSnapshots()) lvSystems.ColumnHeaders.Remove(kKeepSnapsSubItem + 1);
+  SizefrmControls();
+}
+
+void frmTargets::selectTreeNode() {
+  const auto node = console_.tvTreeView.SelectedItem();
+  if (!node) return;
+  console_.tvTreeView.SetSelectedItem(node.get());
+  console_.tvTreeView_NodeClick(node.get());
+}
+
+/// The list is not cleared first: each activation adds the same names again, deliberately.
+void frmTargets::addGroups(store::Recordset& groups) {
+  groups.Open(std::string(store::mdDataBase::kSystemGroupMaster), program_.gConn, store::CursorType::Static,
+              store::LockType::ReadOnly);
+  for (; !groups.Bof() && !groups.Eof(); groups.MoveNext())
+    cboGroups.AddItem(groups.Fields("Group_Name").value().asText());
+}
+
+void frmTargets::chooseGroup(const ResumeNext& resume) {
+  const auto node = console_.tvTreeView.SelectedItem();
+  const bool isGroup = node && node->Index() != 1;
+  // Fills `lvSelect`, where it is another text than before. A group that is no longer there is passed over.
+  resume.step([&] { cboGroups.Text = isGroup ? node->Text.get() : kAllGroups; });
+  cboGroups.Enabled = !isGroup;
 }
 
 void frmTargets::Form_QueryUnload(int& cancel, ui::UnloadMode mode) {

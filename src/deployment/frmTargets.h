@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -20,8 +21,14 @@
 #include "ui/controls/text_box.h"
 #include "ui/controls/tree_view.h"
 
+namespace varnhold {
+class ResumeNext;
+}
 namespace varnhold::core {
 struct Program;
+}
+namespace varnhold::store {
+class Recordset;
 }
 
 namespace varnhold::deployment {
@@ -40,6 +47,12 @@ struct ConsoleOfWizard {
 
 /// The columns of `lvSystems` behind the computer's name.
 inline constexpr int kStatusSubItem = 1, kKeepSnapsSubItem = 2;
+
+/// What the tag of a cell in the column "Keep Snaps" says: its text is then "Yes" or "No". A cell without one
+/// asks nothing.
+inline constexpr const char *kSnapsKept = "1", *kSnapsNotKept = "2";
+/// True for the status of a computer whose agent has snapshots.
+[[nodiscard]] bool hasSnapshots(const std::string& status);
 
 /// The wizard through which agents are installed, uninstalled and upgraded. The console loads it, sets
 /// `Operation` and `CurrentPage`, and shows it modally; engines.h has what works on the computers. Main
@@ -163,11 +176,88 @@ class frmTargets : public ui::Form {
   void adoptControls();
 
   void Form_Load() override;
+  void Form_Activate() override;
   void Form_QueryUnload(int& cancel, ui::UnloadMode mode) override;
   void Form_Unload() override;
   void Form_Resize() override;
 
+  // Activation.
+  void captionOperation();
+  void sizeColumns();
+  void selectTreeNode();
+  void addGroups(store::Recordset& groups);
+  void chooseGroup(const ResumeNext& resume);
+
+  // Pages.
+  struct PageRule;
+  void ShowCurrentPage();
+  void apply(const PageRule& rule);
+  void hideFrames();
+  /// The page of the selection, or that of the run list, which share `freMain`.
+  void showSelectionControls(bool shown);
+  void showSelectionPage();
+  void showRunListPage();
+  void showUninstallList();
+  void showAgentTypePage();
+  void showClientPage();
+  void showPathPage();
+  void showPathPageAgain();
+  void showPathBoxes();
+  void showPollingOptions();
+  void showUpgradeOptions();
+  void ShowCurrentPolling();
+  [[nodiscard]] bool hasBothProducts() const;
+  /// True where the run list has a column for what is to become of snapshots.
+  [[nodiscard]] bool asksForSnapshots() const;
+
+  // Moves.
+  void cmdNext_Click();
+  void cmdBack_Click();
+  void cmdAdvanced_Click();
+  void listSelectedSystems();
+  void stayOnPage(const std::string& reason);
+  [[nodiscard]] bool ValidateInstallPath();
+  [[nodiscard]] bool ConfigFileExists(const std::string& path);
+  [[nodiscard]] bool ValidatePolling();
+  void refuseInstallPath();
   [[nodiscard]] PollingControls pollingControls() const;
+
+  // The run.
+  void cmdInstall_Click();
+  [[nodiscard]] bool mayRun();
+  [[nodiscard]] bool validateAgentlessOptions();
+  void listPathSystems();
+  void showRunScreen();
+  void runEngine();
+  void showResultScreen();
+  void showOutcome();
+  void cmdCancel_Click();
+  void openLog();
+
+  // Selection.
+  class Candidates;
+  void cboGroups_Click();
+  void offerAllComputers();
+  void offerGroup(const std::string& group);
+  void cmdAdd_Click();
+  int moveSelectedRows();
+  void restoreSelection(int position);
+  void cmdRemove_Click();
+  void cmdselectall_Click();
+  void cmdremoveall_Click();
+
+  // Options.
+  void optConfig_Click(int index);
+  void cmdBrowse_Click();
+  void optAccounts_Click();
+  void cmdEditAccount_Click();
+  void remedialBox_Click(ui::CheckBox& box);
+  void lvSystems_MouseUp(ui::MouseButton button, const ui::ListHit& hit);
+
+  void wireMoves();
+  void wireRun();
+  void wireSelection();
+  void wireOptions();
 
   core::Program& program_;
   const ConsoleOfWizard console_;

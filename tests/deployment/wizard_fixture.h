@@ -93,6 +93,37 @@ class WizardTest : public testing::Test {
     return lines;
   }
 
+  /// A computer of the inventory that the console shows with this status.
+  void addComputer(const std::string& name, const std::string& status = "Unmanaged", int type = 10) {
+    inventory.execute("INSERT INTO System_Table (System_Name, System_Type) VALUES ('" + name + "', " +
+                      std::to_string(type) + ")");
+    console.lvListView.ListItems.Add(name).SubItems(3) = status;
+  }
+  void addGroup(const std::string& name, const Lines& members = {}) {
+    inventory.execute("INSERT INTO System_Group_Master (Group_Name, Description, Auto) VALUES ('" + name +
+                      "', '', 0)");
+    for (const auto& member : members) {
+      inventory.execute("INSERT INTO System_Group (System_Name, Group_Name) VALUES ('" + member + "', '" +
+                        name + "')");
+    }
+  }
+  /// The console's tree: its root and the groups; nothing is selected.
+  void plantTree(const Lines& groups) {
+    console.tvTreeView.Nodes.Add("root", "Groups");
+    for (const auto& group : groups)
+      console.tvTreeView.Nodes.Add("root", ui::Relationship::Child, group, group);
+  }
+  /// Activates the wizard as any other form does that goes away from over it.
+  void reactivate() {
+    ui.nextModal("frmLogin", [](ui::Form& form) { form.Unload(); });
+    frmLogin.ShowModal();
+  }
+  /// Shows another page than the buttons lead to.
+  void turnTo(int page) {
+    targets.CurrentPage = page;
+    reactivate();
+  }
+
   /// Shows the wizard modally, as the console does, and runs `script` on it; what is still open then is
   /// hidden. Filling lists or setting options comes between `Load` and this.
   void show(int operation, int page, const std::function<void()>& script) {

@@ -23,6 +23,10 @@ bool isAddress(const std::string& target) {
   return target.find("://") != std::string::npos || target.starts_with("mailto:");
 }
 
+bool isNotepad(const std::string& program) {
+  return equalsIgnoringCase(program, "Notepad.exe");
+}
+
 /// Programs that run on by themselves; ended ones are collected at the next call.
 class StartedPrograms {
  public:
@@ -49,10 +53,10 @@ class ProcessesOfHost : public Processes {
 
   int shellExecute(const std::string&, const std::string& file, const std::string& parameters,
                    ShowState) override {
+    if (isNotepad(file)) return openFile(parameters);
     if (!parameters.empty()) return programs_.start(file, parameters) ? kStarted : kFileMissing;
     if (isAddress(file)) return openOnDesktop(file);
-    if (!files_.exists(file)) return kFileMissing;
-    return toUpper(file).ends_with(".BAT") ? runBatch(file) : openOnDesktop(paths_.resolve(file));
+    return files_.exists(file) && toUpper(file).ends_with(".BAT") ? runBatch(file) : openFile(file);
   }
 
   // There is no account of Windows to start a program as.
@@ -72,6 +76,10 @@ class ProcessesOfHost : public Processes {
   void closeHandle(TokenHandle) override {}
 
  private:
+  int openFile(const std::string& file) {
+    return files_.exists(file) ? openOnDesktop(paths_.resolve(file)) : kFileMissing;
+  }
+
   /// With the desktop's own opener of files and addresses.
   int openOnDesktop(const std::string& target) {
     return programs_.start("xdg-open", target) ? kStarted : kNoAssociation;

@@ -23,7 +23,7 @@ class ListControlView : public ControlView {
   virtual void ensureVisible(const ListItem& row) = 0;
 };
 
-/// Where the pointer is on a list.
+/// Where the pointer is on a list. A cell behind the first column is told as one whole, with flags 6.
 struct ListHit {
   ListItem* item = nullptr;  ///< the row, or nothing
   int subItem = 0;           ///< its column, 0 for the first

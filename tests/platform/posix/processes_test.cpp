@@ -106,6 +106,23 @@ TEST_F(PosixProcessesOnADesktop, StartAProgramByItsNameWithItsParameters) {
   EXPECT_EQ(opened(), "1\nhttps://www.example.com/a b\n");
 }
 
+TEST_F(PosixProcessesOnADesktop, OpenTheFileOfANotepadAsTheDesktopDoes) {
+  writeFile(folder_ / "the AILog.txt", "");
+  EXPECT_EQ(inChild([&] {
+              ::setenv("PATH", folder_.path().c_str(), 1);
+              return processes_->shellExecute("open", "Notepad.exe", folder_.path() + "\the ailog.TXT",
+                                              ShowState::Normal);
+            }),
+            42);
+  EXPECT_EQ(opened(), "1\n" + folder_ / "the AILog.txt" + "\n");
+}
+
+TEST_F(PosixProcessesOnADesktop, SayThatTheFileOfANotepadIsMissing) {
+  EXPECT_EQ(
+      processes_->shellExecute("open", "notepad.exe", folder_.path() + "\\missing.txt", ShowState::Normal),
+      2);
+}
+
 TEST_F(PosixProcessesOnADesktop, SayThatAProgramIsMissing) {
   EXPECT_EQ(processes_->shellExecute("open", "nosuchbrowser", "https://www.example.com", ShowState::Normal),
             2);

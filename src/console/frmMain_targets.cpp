@@ -67,13 +67,11 @@ void frmMain::beginWizard(Operation operation, int page) {
 }
 
 void frmMain::wizardFromMenu(Operation operation) {
-  if (!wizard) return;
   beginWizard(operation, 1);
   showWizard();
 }
 
 void frmMain::wizardFromTree(Operation operation) {
-  if (!wizard) return;
   static constexpr WizardRule kRules[] = {{Operation::Add, 1, treeAdds},
                                           {Operation::Remove, 2, treeRemoves},
                                           {Operation::Upgrade, 2, treeUpgrades}};
@@ -101,7 +99,6 @@ void frmMain::fillPathSystems() {
 }
 
 void frmMain::wizardFromList(Operation operation) {
-  if (!wizard) return;
   beginWizard(operation, 2);
   if (operation == Operation::Add) {
     addSelectedRows();

@@ -1,4 +1,7 @@
 // What the wizard's pages show.
+#include <array>
+#include <initializer_list>
+
 #include "core/program.h"
 #include "deployment/frmTargets.h"
 #include "deployment/job.h"

@@ -206,13 +206,6 @@ TEST_F(CommandsTest, ToolBarsAndPopUpsRunTheCommandsOfTheMenus) {
                                "mnuToolsStatus", "mnuToolsConfigureClient"));
 }
 
-TEST_F(CommandsTest, WithoutAWizardItsCommandsDoNothing) {
-  for (auto* item : {&frmMain.mnuToolsInstall, &frmMain.mnuToolsUninstall, &frmMain.mnuToolsUpgrade}) {
-    item->userClick();
-  }
-  EXPECT_THAT(fake.journal, IsEmpty());
-}
-
 class ModeCommandTest : public CommandsTest {
  protected:
   /// The operator chooses a mode in the form that the entry shows.

@@ -140,14 +140,18 @@ TEST_F(ConsolesWizardTest, TheListRemovesAndUpgradesWhatIsSelected) {
 TEST_F(ConsolesWizardTest, ARunInTheWizardEndsWithAFreshListInTheConsole) {
   fake.libraries.computers["OLD1"] = {};
   ui.nextModal("frmTargets", [this](ui::Form&) {
+    ui.nextModal("frmLogin", [this](ui::Form&) {
+      forms.frmLogin.txtAccount.userEdit(R"(CORP\admin)", 0);
+      forms.frmLogin.cmdLogin.userClick();
+    });
     wizard.cmdInstall.userClick();
     EXPECT_EQ(wizard.lblProgress.Caption, "Completed successfully");
     wizard.cmdInstall.userClick();
     EXPECT_FALSE(wizard.isLoaded());
   });
   fromList("mnuPopUpListUninstall", {"OLD1"});
-  EXPECT_THAT(rows(), testing::Contains("OLD1|Windows XP||Unmanaged|"));
-  EXPECT_THAT(rows(), testing::Contains("OLD2|Windows XP||Managed - Standard Mode|32001"));
+  EXPECT_THAT(rows(), testing::Contains("OLD1|Windows XP|-none-|Unmanaged|"));
+  EXPECT_THAT(rows(), testing::Contains("OLD2|Windows XP|-none-|Managed - Standard Mode|32001"));
 }
 
 TEST_F(ConsolesWizardTest, TheWizardIsOneOfTheConsolesForms) {

@@ -14,6 +14,7 @@ enum ResultCode : std::int32_t {
   kResultInstalled = 150,
   kResultUninstalled = 152,
   kResultInstalledWithoutSecurity = 167,  ///< installed, but security was not configured
+  kResultNoSuchService = 196,             ///< nothing to uninstall: the agent has no service there
   kResultInstalledNotStarted = 232,       ///< installed, but the service did not start
   kResultInstalledSnapshotsKept = 290,    ///< Tessmark agent installed, earlier snapshots kept
   kResultUpgraded = 700,                  ///< upgraded over the Windows domain

@@ -23,7 +23,6 @@ constexpr std::array kInstalled = {
     GateTerm{GateTerm::For::Either, true, "Tracking Changes & Events"},
 };
 constexpr std::array<std::int64_t, 4> kNoWindowsTypes = {0, 301, 101, 201};
-constexpr std::int32_t kResultNoSuchService = 196;
 
 bool isNoWindows(std::int64_t type) {
   return std::find(kNoWindowsTypes.begin(), kNoWindowsTypes.end(), type) != kNoWindowsTypes.end();

@@ -120,6 +120,28 @@ TEST_F(AgentlessInstallEngine, TakesTheConfigurationAndTheAccountBeforeThePrompt
               ElementsAre(HasSubstr(R"(ServiceUser=CORP\svc, ServicePassword= , ConfigFile=C:\own.ini)")));
 }
 
+TEST_F(AgentlessInstallEngine, GoesOnInFrontOfThePageThatThePromptHasShownAnew) {
+  addComputer("HOST1").polls = 1;
+  show(1, 5, [this] {
+    chooseAgentless();
+    targets.optConfig(1).Value = true;
+    targets.txtTemplate.Text = R"(C:\own.ini)";
+    targets.freMain.Visible = false;
+    logIn();
+    int looks = 0;
+    fake.clock.onSleep = [&] {
+      ++looks;
+      EXPECT_TRUE(targets.freMain.Visible && targets.pbProgress.Visible && !targets.frePath.Visible);
+      EXPECT_FALSE(targets.cmdInstall.Enabled || targets.cmdAdvanced.Enabled);
+    };
+    run();
+    EXPECT_EQ(looks, 5) << "four batch files and one poll";
+    EXPECT_TRUE(targets.optConfig(0).Value) << "the prompt has activated the wizard";
+  });
+  EXPECT_THAT(jobs("qrvCInstall"), ElementsAre(HasSubstr(R"(ConfigFile=C:\own.ini)")));
+  EXPECT_THAT(statuses(), ElementsAre("Installed successfully"));
+}
+
 TEST_F(AgentlessInstallEngine, KeepsPagesAwayWhileItRuns) {
   addComputer("HOST1").polls = 1;
   targets.frePath.Visible = targets.cmdInstall.Enabled = targets.cmdAdvanced.Enabled = true;

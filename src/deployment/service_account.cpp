@@ -15,7 +15,7 @@ using platform::OwnedServiceHandle;
 constexpr const char* kAgentService = "Varnhold Agent";
 constexpr const char* kReceiverService = "Varnhold Receiver";
 constexpr const char* kBuiltInAccount = "LocalSystem";
-constexpr std::size_t kLongestAccountName = 255;
+constexpr std::size_t kLongestAccountName = 255;  // in characters
 
 /// The texts of the log stand as they are, with their misspellings.
 constexpr const char* kNoManager = "Could not open Sevice Control Manager because access was denied";
@@ -45,7 +45,7 @@ void lockBoxes(frmTargets& form, bool locked) {
 /// Shows what the host tells of the account; true for "LocalSystem" or none.
 bool showStartName(frmTargets& form, const platform::ServiceConfig& config) {
   if (!config.serviceStartName) return true;
-  const auto name = TrimAtNull(config.serviceStartName->substr(0, kLongestAccountName));
+  const auto name = TrimAtNull(fromUtf16(toUtf16(*config.serviceStartName).substr(0, kLongestAccountName)));
   const bool isBuiltIn = name == kBuiltInAccount;
   if (!isBuiltIn) form.txtAccount.Text = name;
   lockBoxes(form, !isBuiltIn);

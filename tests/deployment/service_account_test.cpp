@@ -88,9 +88,9 @@ TEST_F(ShownAccount, LeavesTheBoxesAloneWhereTheHostTellsNone) {
 }
 
 TEST_F(ShownAccount, IsCutAt255Characters) {
-  fake.services.startName = std::string(300, 'x');
+  fake.services.startName = std::string(254, 'x') + "äyz";
   EXPECT_FALSE(ShowAgentlessAccount(program, targets));
-  EXPECT_EQ(targets.txtAccount.Text, std::string(255, 'x'));
+  EXPECT_EQ(targets.txtAccount.Text, std::string(254, 'x') + "ä");
 }
 
 TEST_F(ShownAccount, CannotBeReadWithoutTheServiceManager) {

@@ -110,7 +110,7 @@ TEST_F(PosixProcessesOnADesktop, OpenTheFileOfANotepadAsTheDesktopDoes) {
   writeFile(folder_ / "the AILog.txt", "");
   EXPECT_EQ(inChild([&] {
               ::setenv("PATH", folder_.path().c_str(), 1);
-              return processes_->shellExecute("open", "Notepad.exe", folder_.path() + "\the ailog.TXT",
+              return processes_->shellExecute("open", "Notepad.exe", folder_.path() + "\\the ailog.TXT",
                                               ShowState::Normal);
             }),
             42);

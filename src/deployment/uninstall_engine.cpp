@@ -106,7 +106,8 @@ void Uninstallation::startAndWait() {
   if (job_.AgentKind == 1) restartNeeded_ = true;
   if (!program_.gChangesRoot.empty()) {
     auto& row = form_.lvSystems.ListItems(row_);
-    job_.KeepSnapshots = row.ListSubItems(kKeepSnapsSubItem).Tag == "1" ? std::string("1") : std::string("0");
+    job_.KeepSnapshots =
+        row.ListSubItems(kKeepSnapsSubItem).Tag == kSnapsKept ? std::string("1") : std::string("0");
   }
   tellResult(waitForJob(startJob()));
 }

@@ -69,12 +69,17 @@ TEST_F(InventoryContract, NullIsNoValue) {
       "0)");
   Recordset rows;
   rows.Open("Module_Table", connection, CursorType::Keyset, LockType::ReadOnly);
-  for (const char* column : {"Agentless", "Port", "SystemType"}) {
+  for (const char* column : {"Agentless", "Port"}) {
     EXPECT_TRUE(rows.Fields(column).value().isNull()) << column;
     EXPECT_EQ(raisedBy([&] { (void)rows.Fields(column).value().asInteger(); }).number, kInvalidUseOfNull);
   }
   EXPECT_EQ(rows.Fields("Manual").value(), Value(0));
   EXPECT_EQ(rows.Fields("Install_Directory").value(), Value("C:\\T"));
+}
+
+TEST_F(InventoryContract, AnAgentThatHasReportedNoModeIsOneOfStandardMode) {
+  execute("INSERT INTO Module_Table (System_Name, Module_ID) VALUES ('A', 1)");
+  EXPECT_EQ(tableOf("Module_Table", {"System_Name", "SystemType"}), (Table{{"A", "0"}}));
 }
 
 TEST_F(InventoryContract, AnEmptyTextIsNoNull) {

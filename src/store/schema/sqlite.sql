@@ -10,6 +10,7 @@ CREATE TABLE System_Table (
 
 CREATE UNIQUE INDEX System_Table_Key ON System_Table (System_Name);
 
+-- An agent is one of standard mode until it has reported another, which is none of this program.
 -- Two rows for one computer and agent are met in practice, so that the index is a plain one.
 CREATE TABLE Module_Table (
   System_Name VARCHAR(256) NOT NULL,
@@ -18,7 +19,7 @@ CREATE TABLE Module_Table (
   Manual INTEGER,
   Agentless INTEGER,
   Port INTEGER,
-  SystemType INTEGER
+  SystemType INTEGER DEFAULT 0
 );
 
 CREATE INDEX Module_Table_Index ON Module_Table (System_Name, Module_ID);

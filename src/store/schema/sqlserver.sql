@@ -12,6 +12,7 @@ CREATE TABLE dbo.System_Table (
 
 CREATE UNIQUE NONCLUSTERED INDEX System_Table_Key ON dbo.System_Table (System_Name);
 
+-- An agent is one of standard mode until it has reported another, which is none of this program.
 -- Two rows for one computer and agent are met in practice, so that the index is a plain one.
 CREATE TABLE dbo.Module_Table (
   System_Name NVARCHAR(256) COLLATE Latin1_General_100_BIN2 NOT NULL,
@@ -20,7 +21,7 @@ CREATE TABLE dbo.Module_Table (
   Manual INT,
   Agentless INT,
   Port INT,
-  SystemType INT
+  SystemType INT DEFAULT 0
 );
 
 CREATE NONCLUSTERED INDEX Module_Table_Index ON dbo.Module_Table (System_Name, Module_ID);

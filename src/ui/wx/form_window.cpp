@@ -234,7 +234,17 @@ void WxFormWindow::refresh() {
 }
 
 MenuItem* WxFormWindow::popUp(const MenuItem& menu) {
-  return frame_ ? menus_->popUp(menu) : nullptr;
+  if (!frame_) return nullptr;
+  awaitRelease();
+  return menus_->popUp(menu);
+}
+
+// On GTK a menu that comes up under a button that is down closes when it goes up.
+void WxFormWindow::awaitRelease() {
+  const Acts::Hold hold(acts());
+  constexpr int kMostTurns = 400;
+  for (int turn = 0; turn < kMostTurns && wxGetMouseState().RightIsDown(); ++turn) wxMilliSleep(5);
+  toolkit_.pumpEvents();
 }
 
 }  // namespace varnhold::ui::wx

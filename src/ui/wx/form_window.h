@@ -47,6 +47,7 @@ class WxFormWindow : public FormWindow {
   void keyDown(wxKeyEvent& event);
   [[nodiscard]] bool answersMnemonic(char32_t letter) const;
   void post(std::function<void()> act);
+  void awaitRelease();
   void reportSizeSoon();
   void reportSize();
   void showIcon();

@@ -59,13 +59,7 @@ void frmTargets::adoptControls() {
          {"frePath", frePath},
          {"freUpgradeOpts", freUpgradeOpts},
          {"freConfig", freConfig},
-         {"freLogon", freLogon},
-         {"lblProgress", lblProgress},
-         {"cmdBack", cmdBack},
-         {"cmdNext", cmdNext},
-         {"cmdAdvanced", cmdAdvanced},
-         {"cmdInstall", cmdInstall},
-         {"cmdCancel", cmdCancel}});
+         {"freLogon", freLogon}});
   adopt(freMain, {{"lblInfo", lblInfo},
                   {"cboGroups", cboGroups},
                   {"lvSelect", lvSelect},
@@ -127,6 +121,13 @@ void frmTargets::adoptControls() {
                    {"lblConfirmPassword", lblConfirmPassword},
                    {"txtConfirmPassword", txtConfirmPassword},
                    {"lblServiceAccount", lblServiceAccount}});
+  // Behind what stands on the pages, where the focus goes first.
+  adopt({{"lblProgress", lblProgress},
+         {"cmdBack", cmdBack},
+         {"cmdNext", cmdNext},
+         {"cmdAdvanced", cmdAdvanced},
+         {"cmdInstall", cmdInstall},
+         {"cmdCancel", cmdCancel}});
 }
 
 }  // namespace varnhold::deployment

@@ -48,11 +48,14 @@ EXPECTED_ROWS = [
 class Home:
     """A provisioned home in a folder of its own, in the mode that finds nothing by itself."""
 
+    lab_size = 0
+
     def __init__(self, discovery="manual"):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="varnhold-gui-"))
         self.path = self.folder / "home"
         subprocess.run(
-            [BIN / "varnhold-provision", "--home", self.path, "--lab", "0"], check=True, capture_output=True
+            [BIN / "varnhold-provision", "--home", self.path, "--lab", str(self.lab_size)], check=True,
+            capture_output=True
         )
         self._fill()
         self._set_discovery(discovery)

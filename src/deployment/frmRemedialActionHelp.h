@@ -12,8 +12,7 @@ struct Program;
 namespace varnhold::deployment {
 
 /// The remedial actions guide, which the link opens: an address of whoever runs the support site.
-inline constexpr const char* kRemedialActionsGuide =
-    "https://support.example.com/remedial_actions_guide.pdf";
+inline constexpr const char* kRemedialActionsGuide = "https://support.example.com/remedial_actions_guide.pdf";
 
 /// Asks whether remedial actions, which run scripts on agents' computers, are really wanted.
 class frmRemedialActionHelp : public ui::Form {

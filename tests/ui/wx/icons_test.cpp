@@ -34,8 +34,9 @@ TEST_P(IconsTest, IsDrawnAtEachScaleOfAScreen) {
 INSTANTIATE_TEST_SUITE_P(AllPictures, IconsTest,
                          testing::Values("computer", "group", "add-system", "remove-system", "upgrade",
                                          "configure", "search", "create-group", "delete-group",
-                                         "app-varnhold", "app-tessmark", "information", "warning", "splash-varnhold",
-                                         "splash-tessmark", "keep-snaps-yes", "keep-snaps-no"));
+                                         "app-varnhold", "app-tessmark", "information", "warning",
+                                         "splash-varnhold", "splash-tessmark", "keep-snaps-yes",
+                                         "keep-snaps-no"));
 
 TEST_F(IconsTest, HasNothingUnderAnotherName) {
   EXPECT_FALSE(icon("no such picture").IsOk());

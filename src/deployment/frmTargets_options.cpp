@@ -55,7 +55,7 @@ void frmTargets::cmdBrowse_Click() {
   screen().ShowOpen(dialog);
   if (dialog.FileName != kNoFile) txtTemplate.Text = dialog.FileName;
   // The dialog moves the working directory.
-  program_.host.environment.setCurrentDirectory(program_.gAppPath);
+  (void)program_.host.environment.setCurrentDirectory(program_.gAppPath);
 }
 
 void frmTargets::optAccounts_Click() {

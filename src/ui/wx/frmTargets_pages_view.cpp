@@ -38,7 +38,7 @@ wxWindow* selection(wxWindow& frame, deployment::frmTargets& form) {
   keepNarrow(*groups, kListWidth / 2);
   for (auto* list : {from, to}) keepNarrow(*list, kListWidth);
   auto* grid = new wxFlexGridSizer(3, gap, gap);
-  for (const size_t lists : {0, 2}) grid->AddGrowableCol(lists, 1);
+  for (const size_t lists : {size_t{0}, size_t{2}}) grid->AddGrowableCol(lists, 1);
   grid->AddGrowableRow(1);
   grid->Add(groups, wxSizerFlags().Expand());
   grid->AddSpacer(0);

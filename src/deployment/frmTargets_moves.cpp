@@ -15,7 +15,7 @@ constexpr std::size_t kShortestPath = 6;  // characters, a closing backslash amo
 }  // namespace
 
 bool hasSnapshots(const std::string& status) {
-  return toUpper(status).find(toUpper("Tracking Changes")) != std::string::npos;
+  return containsIgnoringCase(status, "Tracking Changes");
 }
 
 void frmTargets::wireMoves() {

@@ -186,6 +186,7 @@ void frmTargets::showClientPage() {
   auto& button = Operation == kOperationInstall ? cmdNext : cmdInstall;
   lblAgentLast.Caption = selectTo(button, Operation == kOperationInstall ? kToSelectPath : kToProceed);
   button.SetFocus();
+  lstSystems.Clear();
   refill(lstSystems, lvSystems);
 }
 

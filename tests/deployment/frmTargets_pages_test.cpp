@@ -290,6 +290,17 @@ TEST_F(PagesTest, Page4ListsTheSystemsAndSaysWhichButtonLeadsOn) {
   }
 }
 
+TEST_F(PagesTest, Page4KeepsNoSystemThatHasLeftTheRunList) {
+  targets.Load();
+  addRow("HOST1");
+  show(1, 2, [this] {
+    turnTo(4);
+    targets.lvSystems.ListItems.Clear();
+    turnTo(4);
+    EXPECT_THAT(entries(targets.lstSystems), IsEmpty());
+  });
+}
+
 TEST_F(PagesTest, Page5OfAnAgentBasedInstallAsksForThePath) {
   targets.Load();
   choose("HOST1");

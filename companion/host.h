@@ -39,21 +39,10 @@ inline constexpr std::string_view kFreshEnding = ".tmp";
 /// there either.
 [[nodiscard]] std::unique_ptr<Hold> lockFile(const std::filesystem::path& file);
 
-/// A lock among the threads of this process that does not go with its holder: where a thread can be ended
-/// from outside while it holds the lock, the next one gets it all the same.
-class ThreadMutex {
- public:
-  virtual ~ThreadMutex() = default;
-
-  /// Waits for its turn. False when the holder before was ended in the middle of its work.
-  [[nodiscard]] virtual bool lock() = 0;
-  virtual void unlock() = 0;
-};
-[[nodiscard]] std::unique_ptr<ThreadMutex> makeThreadMutex();
-
-/// Runs `work` in a thread of its own; its result is the thread's exit code. 0 when no thread could be
-/// started. The handle is the caller's. Where the host cannot end a thread from outside without harm, a stop
-/// is requested of the work instead; on Windows the thread is gone in the middle of whatever it did.
+/// Runs `work` in a thread of its own; its result is the exit code of the thread whose handle comes back,
+/// which is the caller's. 0 when no thread could be started. Where that thread is ended from outside
+/// (TerminateThread, elsewhere `endWorker`) a stop is requested of the work, which goes on as far as the next
+/// place where it looks: torn out of a call it would leave locks to nobody.
 [[nodiscard]] void* startThread(std::function<std::uint32_t(std::stop_token)> work);
 
 }  // namespace varnhold::companion::host

@@ -1,10 +1,9 @@
 #pragma once
 
 #include <functional>
-#include <memory>
+#include <mutex>
 #include <stop_token>
 
-#include "companion/host.h"
 #include "store/connection.h"
 
 namespace varnhold::companion {
@@ -22,12 +21,10 @@ class Inventory {
   void use(const std::function<void(store::Connection&)>& work, const std::stop_token& stop = {});
 
  private:
-  class Turn;
-
   void ensureOpen();
 
-  std::unique_ptr<host::ThreadMutex> mutex_ = host::makeThreadMutex();
-  std::unique_ptr<store::Connection> connection_ = std::make_unique<store::Connection>();
+  std::mutex mutex_;
+  store::Connection connection_;
 };
 
 /// The one of this process. Never destroyed: the driver may be gone before this library is.

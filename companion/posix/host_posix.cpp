@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <mutex>
 
 #include "base/text.h"
 #include "companion/host.h"
@@ -41,19 +40,6 @@ class LockedFile : public Hold {
 
  private:
   OwnedDescriptor file_;
-};
-
-/// No thread of this host is ended from outside.
-class PlainMutex : public ThreadMutex {
- public:
-  bool lock() override {
-    mutex_.lock();
-    return true;
-  }
-  void unlock() override { mutex_.unlock(); }
-
- private:
-  std::mutex mutex_;
 };
 
 Win32Error win32Error(int number) {
@@ -114,10 +100,6 @@ Win32Error replaceFile(const std::filesystem::path& file, std::string_view bytes
 
 std::unique_ptr<Hold> lockFile(const std::filesystem::path& file) {
   return std::make_unique<LockedFile>(file);
-}
-
-std::unique_ptr<ThreadMutex> makeThreadMutex() {
-  return std::make_unique<PlainMutex>();
 }
 
 void* startThread(std::function<std::uint32_t(std::stop_token)> work) {

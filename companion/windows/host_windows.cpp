@@ -3,6 +3,8 @@
 #include <process.h>
 #include <windows.h>
 
+#include <atomic>
+
 #include "companion/paths.h"
 
 namespace varnhold::companion::host {
@@ -35,16 +37,6 @@ class LockedFile : public Hold {
 
  private:
   OwnedHandle file_;
-};
-
-/// The system gives a mutex of an ended thread to the next one, and says so.
-class AbandonableMutex : public ThreadMutex {
- public:
-  bool lock() override { return WaitForSingleObject(mutex_.get(), INFINITE) != WAIT_ABANDONED; }
-  void unlock() override { ReleaseMutex(mutex_.get()); }
-
- private:
-  OwnedHandle mutex_{CreateMutexW(nullptr, FALSE, nullptr)};
 };
 
 std::wstring wide(UINT codePage, std::string_view text) {
@@ -81,16 +73,80 @@ Win32Error writeFresh(const std::filesystem::path& file, std::string_view bytes)
 
 using Work = std::function<std::uint32_t(std::stop_token)>;
 
-unsigned __stdcall runWork(void* argument) {
-  const std::unique_ptr<Work> work(static_cast<Work*>(argument));
-  return (*work)({});
+struct Worker {
+  Work work;
+  std::stop_source stop;
+  std::atomic<std::uint32_t> exitCode = 0;
+  OwnedHandle ended{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+};
+
+std::uint32_t doWork(Worker& worker) {
+  worker.exitCode = worker.work(worker.stop.get_token());
+  SetEvent(worker.ended.get());
+  return 0;
 }
+
+/// Stands for a worker towards the program: whoever ends this thread tears it out of nothing but a wait.
+std::uint32_t awaitEnd(Worker& worker) {
+  WaitForSingleObject(worker.ended.get(), INFINITE);
+  return worker.exitCode;
+}
+
+struct Start {
+  std::uint32_t (*routine)(Worker&);
+  std::shared_ptr<Worker> worker;
+};
+
+unsigned __stdcall run(void* argument) {
+  const std::unique_ptr<Start> start(static_cast<Start*>(argument));
+  return start->routine(*start->worker);
+}
+
+/// 0 when no thread could be started.
+HANDLE startRoutine(std::uint32_t (*routine)(Worker&), const std::shared_ptr<Worker>& worker) {
+  auto start = std::make_unique<Start>(Start{routine, worker});
+  auto* const thread = reinterpret_cast<HANDLE>(_beginthreadex(nullptr, 0, &run, start.get(), 0, nullptr));
+  if (thread != nullptr) static_cast<void>(start.release());
+  return thread;
+}
+
+HANDLE copyOf(HANDLE handle) {
+  HANDLE copy = nullptr;
+  DuplicateHandle(GetCurrentProcess(), handle, GetCurrentProcess(), &copy, 0, FALSE, DUPLICATE_SAME_ACCESS);
+  return copy;
+}
+
+/// Requests the stop of a worker once the thread that stands for it has ended, however it did.
+class StopWhenEnded {
+ public:
+  StopWhenEnded(HANDLE thread, std::shared_ptr<Worker> worker)
+      : thread_(copyOf(thread)), worker_(std::move(worker)) {}
+
+  /// From here on it belongs to the wait. False when there can be none.
+  static bool begin(std::unique_ptr<StopWhenEnded> self) {
+    const bool isWaiting = RegisterWaitForSingleObject(&self->wait_, self->thread_.get(), &ended, self.get(),
+                                                       INFINITE, WT_EXECUTEONLYONCE) != 0;
+    if (isWaiting) static_cast<void>(self.release());
+    return isWaiting;
+  }
+
+ private:
+  static void CALLBACK ended(void* argument, BOOLEAN) {
+    const std::unique_ptr<StopWhenEnded> self(static_cast<StopWhenEnded*>(argument));
+    self->worker_->stop.request_stop();
+    static_cast<void>(UnregisterWaitEx(self->wait_, nullptr));
+  }
+
+  OwnedHandle thread_;  // the program may close its own at once
+  std::shared_ptr<Worker> worker_;
+  HANDLE wait_ = nullptr;
+};
 
 /// A worker must not lose its code when the program unloads the library.
 void stayLoaded() {
   HMODULE self = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
-                     reinterpret_cast<LPCWSTR>(&runWork), &self);
+                     reinterpret_cast<LPCWSTR>(&run), &self);
 }
 
 }  // namespace
@@ -128,16 +184,24 @@ std::unique_ptr<Hold> lockFile(const std::filesystem::path& file) {
   return std::make_unique<LockedFile>(file);
 }
 
-std::unique_ptr<ThreadMutex> makeThreadMutex() {
-  return std::make_unique<AbandonableMutex>();
-}
-
+// A thread that is ended from outside leaves the locks that it holds (of the driver, of the allocator) to
+// nobody, and whoever needs one next waits for ever. So the thread that the program gets is not the one that
+// works.
 void* startThread(Work work) {
   stayLoaded();
-  auto argument = std::make_unique<Work>(std::move(work));
-  const std::uintptr_t handle = _beginthreadex(nullptr, 0, &runWork, argument.get(), 0, nullptr);
-  if (handle != 0) static_cast<void>(argument.release());
-  return reinterpret_cast<void*>(handle);
+  const auto worker = std::make_shared<Worker>();
+  worker->work = std::move(work);
+  HANDLE standing = startRoutine(&awaitEnd, worker);
+  if (standing == nullptr) return nullptr;
+  const bool isWatched = StopWhenEnded::begin(std::make_unique<StopWhenEnded>(standing, worker));
+  HANDLE working = isWatched ? startRoutine(&doWork, worker) : nullptr;
+  if (working == nullptr) {
+    SetEvent(worker->ended.get());
+    CloseHandle(standing);
+    return nullptr;
+  }
+  CloseHandle(working);
+  return standing;
 }
 
 }  // namespace varnhold::companion::host

@@ -75,6 +75,17 @@ TEST_F(LibraryDiscovery, IsEndedAbruptlyWhereverItIs) {
   EXPECT_THAT(inventory_.computers(), ElementsAre("WKS01|7"));
 }
 
+TEST_F(LibraryDiscovery, EntersNothingMoreOnceItWasEnded) {
+  home_.lab().addHost("WKS01", "[host]\ntype=7\n");
+  home_.lab().addHost("WKS02", "[host]\ntype=7\n[delay_ms]\ndiscovery=300\n");
+  const ThreadHandle thread = walk();
+  waitFor([&] { return !inventory_.computers().empty(); });
+  EXPECT_TRUE(home_.host().threads().terminateThread(thread, 0));
+  home_.host().threads().closeHandle(thread);
+  std::this_thread::sleep_for(std::chrono::milliseconds(600));
+  EXPECT_THAT(inventory_.computers(), ElementsAre("WKS01|7"));
+}
+
 TEST_F(LibraryDiscovery, LeavesTheConnectionUsableWhenItIsEnded) {
   home_.lab().addHost("WKS01", "[delay_ms]\ndiscovery=never\n");
   const ThreadHandle thread = walk();

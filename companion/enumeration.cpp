@@ -41,10 +41,10 @@ void visit(const Network& network, const std::string& name, const KnownSystems& 
   withInventory([&](store::Connection& connection) { enterFoundSystem(connection, known, found); });
 }
 
-void waitAt(const JobScript& script, const StoppableSleep& sleep, const std::stop_token& stop) {
+void waitAt(const JobScript& script, const StoppableSleep& sleep, const host::MustStop& mustStop) {
   constexpr auto kLong = std::chrono::hours(1);
-  if (script.delay) sleep(*script.delay, stop);
-  while (script.neverEnds && !stop.stop_requested()) sleep(kLong, stop);
+  if (script.delay) sleep(*script.delay, mustStop);
+  while (script.neverEnds && !mustStop()) sleep(kLong, mustStop);
 }
 
 }  // namespace
@@ -72,15 +72,15 @@ void enterFoundSystem(store::Connection& connection, const KnownSystems& known, 
 }
 
 void enumerateNetwork(const Network& network, const WithInventory& withInventory, const StoppableSleep& sleep,
-                      const std::stop_token& stop) {
+                      const host::MustStop& mustStop) {
   const ResumeNext resumeNext;
   KnownSystems known;
   const bool hasInventory = resumeNext.step(
       [&] { withInventory([&](store::Connection& connection) { known = readKnownSystems(connection); }); });
   if (!hasInventory) return;
   for (const std::string& name : network.names()) {
-    if (!stop.stop_requested()) waitAt(network.script(name, "discovery"), sleep, stop);
-    if (stop.stop_requested()) return;
+    if (!mustStop()) waitAt(network.script(name, "discovery"), sleep, mustStop);
+    if (mustStop()) return;
     resumeNext.step([&] { visit(network, name, known, withInventory); });
   }
 }

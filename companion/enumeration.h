@@ -2,10 +2,10 @@
 
 #include <chrono>
 #include <functional>
-#include <stop_token>
 #include <string>
 #include <unordered_map>
 
+#include "companion/host.h"
 #include "companion/remote_computer.h"
 #include "companion/systems.h"
 #include "store/connection.h"
@@ -25,13 +25,13 @@ void enterFoundSystem(store::Connection& connection, const KnownSystems& known, 
 
 /// Does `work` with the connection to the inventory.
 using WithInventory = std::function<void(const std::function<void(store::Connection&)>& work)>;
-/// Pauses the thread, for less time when a stop is requested.
-using StoppableSleep = std::function<void(std::chrono::milliseconds, const std::stop_token&)>;
+/// Pauses the thread, for less time when it must stop.
+using StoppableSleep = std::function<void(std::chrono::milliseconds, const host::MustStop&)>;
 
 /// Visits the computers of the network in the order of their names, waits at each as its script says, and
 /// enters those that answer. It looks before each step whether it is to stop, and then returns. A computer
 /// that can't be entered is passed over; without an inventory nobody is visited.
 void enumerateNetwork(const Network& network, const WithInventory& withInventory, const StoppableSleep& sleep,
-                      const std::stop_token& stop);
+                      const host::MustStop& mustStop);
 
 }  // namespace varnhold::companion

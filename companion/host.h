@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -39,10 +38,14 @@ inline constexpr std::string_view kFreshEnding = ".tmp";
 /// there either.
 [[nodiscard]] std::unique_ptr<Hold> lockFile(const std::filesystem::path& file);
 
+/// Whether the thread that stands for a piece of work was ended from outside. The work asks where it can end,
+/// and then does no more. Any thread.
+using MustStop = std::function<bool()>;
+
 /// Runs `work` in a thread of its own; its result is the exit code of the thread whose handle comes back,
 /// which is the caller's. 0 when no thread could be started. Where that thread is ended from outside
-/// (TerminateThread, elsewhere `endWorker`) a stop is requested of the work, which goes on as far as the next
-/// place where it looks: torn out of a call it would leave locks to nobody.
-[[nodiscard]] void* startThread(std::function<std::uint32_t(std::stop_token)> work);
+/// (TerminateThread, elsewhere `endWorker`) the work goes on as far as the next place where it asks: torn out
+/// of a call it would leave locks to nobody.
+[[nodiscard]] void* startThread(std::function<std::uint32_t(const MustStop&)> work);
 
 }  // namespace varnhold::companion::host

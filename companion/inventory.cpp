@@ -16,9 +16,9 @@ void Inventory::close() {
   connection_.Close();
 }
 
-void Inventory::use(const std::function<void(store::Connection&)>& work, const std::stop_token& stop) {
+void Inventory::use(const std::function<void(store::Connection&)>& work, const host::MustStop& mustStop) {
   const std::lock_guard turn(mutex_);
-  if (stop.stop_requested()) return;
+  if (mustStop()) return;
   try {
     ensureOpen();
     work(connection_);

@@ -2,8 +2,8 @@
 
 #include <functional>
 #include <mutex>
-#include <stop_token>
 
+#include "companion/host.h"
 #include "store/connection.h"
 
 namespace varnhold::companion {
@@ -16,9 +16,11 @@ class Inventory {
   void open();
   /// Waits for whoever works with it.
   void close();
-  /// Works with the open connection. Raises what `open` and `work` raise, with the connection closed. Once a
-  /// stop is requested nothing is opened or done: whoever asked for it may want the inventory for himself.
-  void use(const std::function<void(store::Connection&)>& work, const std::stop_token& stop = {});
+  /// Works with the open connection. Raises what `open` and `work` raise, with the connection closed. Once it
+  /// must stop nothing is opened or done: whoever ended the work may want the inventory for himself.
+  void use(
+      const std::function<void(store::Connection&)>& work,
+      const host::MustStop& mustStop = [] { return false; });
 
  private:
   void ensureOpen();

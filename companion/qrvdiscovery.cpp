@@ -18,10 +18,9 @@ namespace {
 constexpr std::uint32_t kWalked = 1000;
 
 /// Sleeps in short pieces, so that a stop is soon seen.
-void sleepUntilStopped(std::chrono::milliseconds time, const std::stop_token& stop) {
+void sleepUntilStopped(std::chrono::milliseconds time, const host::MustStop& mustStop) {
   constexpr std::chrono::milliseconds kPiece{20};
-  for (; time.count() > 0 && !stop.stop_requested(); time -= kPiece)
-    std::this_thread::sleep_for(std::min(time, kPiece));
+  for (; time.count() > 0 && !mustStop(); time -= kPiece) std::this_thread::sleep_for(std::min(time, kPiece));
 }
 
 /// A mode that was chosen and could not be stored, which holds for the rest of the run; below 0 for none.
@@ -36,12 +35,12 @@ bool findsByItself() {
   return storedDiscoveryMode(platform::makeHostAdapters({})->registry()).value_or(1) != 0;
 }
 
-std::uint32_t walk(const LabNetwork& network, const std::stop_token& stop) {
+std::uint32_t walk(const LabNetwork& network, const host::MustStop& mustStop) {
   return abi::guarded<std::uint32_t>(kWalked, [&] {
     const auto withInventory = [&](const std::function<void(store::Connection&)>& work) {
-      ownInventory().use(work, stop);
+      ownInventory().use(work, mustStop);
     };
-    enumerateNetwork(network, withInventory, sleepUntilStopped, stop);
+    enumerateNetwork(network, withInventory, sleepUntilStopped, mustStop);
     return kWalked;
   });
 }
@@ -71,8 +70,8 @@ int32_t QRV_CALL qrvNetworkEnum(QrvThread* thread) {
     if (thread == nullptr) return 0;
     *thread = nullptr;
     *thread = host::startThread([network = LabNetwork(readSurroundings().labFolder),
-                                 isWanted = findsByItself()](const std::stop_token& stop) {
-      return isWanted ? walk(network, stop) : kWalked;
+                                 isWanted = findsByItself()](const host::MustStop& mustStop) {
+      return isWanted ? walk(network, mustStop) : kWalked;
     });
     return *thread != nullptr ? 1 : 0;
   });

@@ -39,7 +39,7 @@ QrvThread start(JobKind kind, JobRecord record, AgentMaterial material, const Su
   if (script.noThread) return nullptr;
   record.shareConnected = ownShareConnections().isConnected(network, record.systemName);
   return host::startThread([work = Job{kind, network, script, std::move(record), std::move(material)}](
-                               const std::stop_token&) { return exitCode(work); });
+                               const host::MustStop&) { return exitCode(work); });
 }
 
 std::optional<JobRecord> copyRecord(const QrvDeploymentJob& job) {

@@ -14,7 +14,7 @@ constexpr std::uint32_t kStillActive = 259;  // winbase.h STILL_ACTIVE
 
 struct Worker {
   std::atomic<std::uint32_t> exitCode = kStillActive;
-  std::stop_source stop;
+  std::atomic<bool> mustStop = false;
 
   /// The first end counts: the work's own, or the one that was forced on it.
   void end(std::uint32_t code) {
@@ -37,14 +37,16 @@ OpenHandles& openHandles() {
 
 }  // namespace
 
-void* startWorker(std::function<std::uint32_t(std::stop_token)> work) {
+void* startWorker(std::function<std::uint32_t(const host::MustStop&)> work) {
   const auto worker = std::make_shared<Worker>();
   OpenHandles& handles = openHandles();
   const std::lock_guard lock(handles.mutex);
   const std::uintptr_t handle = handles.last + 1;
   handles.workers.emplace(handle, worker);
   try {
-    std::thread([worker, work = std::move(work)] { worker->end(work(worker->stop.get_token())); }).detach();
+    std::thread([worker, work = std::move(work)] {
+      worker->end(work([worker] { return worker->mustStop.load(); }));
+    }).detach();
   } catch (const std::system_error&) {
     handles.workers.erase(handle);
     return nullptr;
@@ -68,7 +70,7 @@ bool endWorker(void* handle, std::uint32_t exitCode) {
   const auto found = handles.workers.find(reinterpret_cast<std::uintptr_t>(handle));
   if (found == handles.workers.end()) return false;
   found->second->end(exitCode);
-  found->second->stop.request_stop();
+  found->second->mustStop = true;
   return true;
 }
 

@@ -2,14 +2,15 @@
 
 #include <cstdint>
 #include <functional>
-#include <stop_token>
+
+#include "companion/host.h"
 
 /// Thread handles for a host that has none of the kind that the C ABI speaks of. Any thread.
 namespace varnhold::companion {
 
 /// Runs `work` in a detached thread, which may outlive the main program's end; its result is the exit code. 0
 /// when no thread could be started. A stop is requested of work that `endWorker` has ended.
-[[nodiscard]] void* startWorker(std::function<std::uint32_t(std::stop_token)> work);
+[[nodiscard]] void* startWorker(std::function<std::uint32_t(const host::MustStop&)> work);
 
 /// GetExitCodeThread: 259 while the thread runs; false for what is no open handle.
 [[nodiscard]] bool workerExitCode(void* handle, std::uint32_t& exitCode);

@@ -102,7 +102,7 @@ std::unique_ptr<Hold> lockFile(const std::filesystem::path& file) {
   return std::make_unique<LockedFile>(file);
 }
 
-void* startThread(std::function<std::uint32_t(std::stop_token)> work) {
+void* startThread(std::function<std::uint32_t(const MustStop&)> work) {
   return startWorker(std::move(work));
 }
 

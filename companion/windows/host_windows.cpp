@@ -3,7 +3,8 @@
 #include <process.h>
 #include <windows.h>
 
-#include <atomic>
+#include <system_error>
+#include <thread>
 
 #include "companion/paths.h"
 
@@ -71,82 +72,35 @@ Win32Error writeFresh(const std::filesystem::path& file, std::string_view bytes)
   return kDone;
 }
 
-using Work = std::function<std::uint32_t(std::stop_token)>;
-
-struct Worker {
-  Work work;
-  std::stop_source stop;
-  std::atomic<std::uint32_t> exitCode = 0;
-  OwnedHandle ended{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
-};
-
-std::uint32_t doWork(Worker& worker) {
-  worker.exitCode = worker.work(worker.stop.get_token());
-  SetEvent(worker.ended.get());
-  return 0;
+OwnedHandle makeEvent() {
+  return OwnedHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
 }
+
+/// What a worker and the thread that stands for it share.
+struct Worker {
+  std::function<std::uint32_t(const MustStop&)> work;
+  std::uint32_t exitCode = 0;
+  OwnedHandle stands = makeEvent(), ended = makeEvent();
+};
 
 /// Stands for a worker towards the program: whoever ends this thread tears it out of nothing but a wait.
-std::uint32_t awaitEnd(Worker& worker) {
-  WaitForSingleObject(worker.ended.get(), INFINITE);
-  return worker.exitCode;
+unsigned __stdcall stand(void* argument) {
+  const std::unique_ptr<std::shared_ptr<Worker>> worker(static_cast<std::shared_ptr<Worker>*>(argument));
+  SignalObjectAndWait((*worker)->stands.get(), (*worker)->ended.get(), INFINITE, FALSE);
+  return (*worker)->exitCode;
 }
 
-struct Start {
-  std::uint32_t (*routine)(Worker&);
-  std::shared_ptr<Worker> worker;
-};
-
-unsigned __stdcall run(void* argument) {
-  const std::unique_ptr<Start> start(static_cast<Start*>(argument));
-  return start->routine(*start->worker);
-}
-
-/// 0 when no thread could be started.
-HANDLE startRoutine(std::uint32_t (*routine)(Worker&), const std::shared_ptr<Worker>& worker) {
-  auto start = std::make_unique<Start>(Start{routine, worker});
-  auto* const thread = reinterpret_cast<HANDLE>(_beginthreadex(nullptr, 0, &run, start.get(), 0, nullptr));
-  if (thread != nullptr) static_cast<void>(start.release());
-  return thread;
-}
-
-HANDLE copyOf(HANDLE handle) {
+OwnedHandle copyOf(HANDLE handle) {
   HANDLE copy = nullptr;
   DuplicateHandle(GetCurrentProcess(), handle, GetCurrentProcess(), &copy, 0, FALSE, DUPLICATE_SAME_ACCESS);
-  return copy;
+  return OwnedHandle(copy);
 }
-
-/// Requests the stop of a worker once the thread that stands for it has ended, however it did.
-class StopWhenEnded {
- public:
-  StopWhenEnded(HANDLE thread, std::shared_ptr<Worker> worker)
-      : thread_(copyOf(thread)), worker_(std::move(worker)) {}
-
-  /// From here on it belongs to the wait. False when there can be none.
-  static bool begin(std::unique_ptr<StopWhenEnded> self) {
-    const bool isWaiting = RegisterWaitForSingleObject(&self->wait_, self->thread_.get(), &ended, self.get(),
-                                                       INFINITE, WT_EXECUTEONLYONCE) != 0;
-    if (isWaiting) static_cast<void>(self.release());
-    return isWaiting;
-  }
-
- private:
-  static void CALLBACK ended(void* argument, BOOLEAN) {
-    const std::unique_ptr<StopWhenEnded> self(static_cast<StopWhenEnded*>(argument));
-    self->worker_->stop.request_stop();
-    static_cast<void>(UnregisterWaitEx(self->wait_, nullptr));
-  }
-
-  OwnedHandle thread_;  // the program may close its own at once
-  std::shared_ptr<Worker> worker_;
-  HANDLE wait_ = nullptr;
-};
 
 /// A worker must not lose its code when the program unloads the library.
 void stayLoaded() {
   HMODULE self = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
-                     reinterpret_cast<LPCWSTR>(&run), &self);
+                     reinterpret_cast<LPCWSTR>(&stand), &self);
 }
 
 }  // namespace
@@ -184,24 +138,33 @@ std::unique_ptr<Hold> lockFile(const std::filesystem::path& file) {
   return std::make_unique<LockedFile>(file);
 }
 
-// A thread that is ended from outside leaves the locks that it holds (of the driver, of the allocator) to
-// nobody, and whoever needs one next waits for ever. So the thread that the program gets is not the one that
-// works.
-void* startThread(Work work) {
+// A thread that is ended from outside leaves the locks that it holds (of the driver, of the allocator, of the
+// loader while it starts) to nobody, and whoever needs one next waits for ever. So the thread that the
+// program gets is not the one that works, and it waits already.
+void* startThread(std::function<std::uint32_t(const MustStop&)> work) {
   stayLoaded();
   const auto worker = std::make_shared<Worker>();
   worker->work = std::move(work);
-  HANDLE standing = startRoutine(&awaitEnd, worker);
-  if (standing == nullptr) return nullptr;
-  const bool isWatched = StopWhenEnded::begin(std::make_unique<StopWhenEnded>(standing, worker));
-  HANDLE working = isWatched ? startRoutine(&doWork, worker) : nullptr;
-  if (working == nullptr) {
+  auto argument = std::make_unique<std::shared_ptr<Worker>>(worker);
+  auto* const thread =
+      reinterpret_cast<HANDLE>(_beginthreadex(nullptr, 0, &stand, argument.get(), 0, nullptr));
+  if (thread == nullptr) return nullptr;
+  static_cast<void>(argument.release());
+  WaitForSingleObject(worker->stands.get(), INFINITE);
+  try {
+    // The program may close its handle at once.
+    const std::shared_ptr<OwnedHandle> standing(new OwnedHandle(copyOf(thread)));
+    const MustStop mustStop = [standing] { return WaitForSingleObject(standing->get(), 0) == WAIT_OBJECT_0; };
+    std::thread([worker, mustStop] {
+      worker->exitCode = worker->work(mustStop);
+      SetEvent(worker->ended.get());
+    }).detach();
+    return thread;
+  } catch (const std::system_error&) {
     SetEvent(worker->ended.get());
-    CloseHandle(standing);
+    CloseHandle(thread);
     return nullptr;
   }
-  CloseHandle(working);
-  return standing;
 }
 
 }  // namespace varnhold::companion::host

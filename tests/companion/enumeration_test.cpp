@@ -17,7 +17,9 @@ class Enumeration : public testing::Test {
  protected:
   Enumeration() { connection_.Open("qrvdb", "", ""); }
 
-  void walk() { enumerateNetwork(lab_.network(), withInventory(), sleep_, stop_.get_token()); }
+  void walk() {
+    enumerateNetwork(lab_.network(), withInventory(), sleep_, [this] { return mustStop_; });
+  }
   WithInventory withInventory() {
     return [this](const std::function<void(store::Connection&)>& work) { work(connection_); };
   }
@@ -45,9 +47,9 @@ class Enumeration : public testing::Test {
   LabFixture lab_;
   fakes::TestInventory inventory_;
   store::Connection connection_;
-  std::stop_source stop_;
+  bool mustStop_ = false;
   std::vector<milliseconds> slept_;
-  StoppableSleep sleep_ = [this](milliseconds time, const std::stop_token&) { slept_.push_back(time); };
+  StoppableSleep sleep_ = [this](milliseconds time, const host::MustStop&) { slept_.push_back(time); };
 };
 
 TEST_F(Enumeration, AddsTheComputersThatAnswer) {
@@ -104,7 +106,7 @@ TEST_F(Enumeration, StopsBeforeItsNextStep) {
   lab_.addHost("WKS01");
   lab_.addHost("WKS02", "[delay_ms]\ndiscovery=200\n");
   lab_.addHost("WKS03");
-  sleep_ = [this](milliseconds, const std::stop_token&) { stop_.request_stop(); };
+  sleep_ = [this](milliseconds, const host::MustStop&) { mustStop_ = true; };
   walk();
   EXPECT_THAT(systems(), ElementsAre("WKS01|10|10.1.1.11|"));
 }
@@ -112,9 +114,9 @@ TEST_F(Enumeration, StopsBeforeItsNextStep) {
 TEST_F(Enumeration, GetsNoFurtherThanAComputerThatNeverLetsItOn) {
   lab_.addHost("WKS01", "[delay_ms]\ndiscovery=never\n");
   lab_.addHost("WKS02");
-  sleep_ = [this](milliseconds time, const std::stop_token&) {
+  sleep_ = [this](milliseconds time, const host::MustStop&) {
     slept_.push_back(time);
-    if (slept_.size() == 3) stop_.request_stop();
+    if (slept_.size() == 3) mustStop_ = true;
   };
   walk();
   EXPECT_EQ(slept_.size(), 3u);
@@ -129,14 +131,14 @@ TEST_F(Enumeration, PassesOverAComputerThatCannotBeEntered) {
     if (++uses == 3) throw RuntimeError(kDatabaseFailed, "locked");
     work(connection_);
   };
-  enumerateNetwork(lab_.network(), failing, sleep_, {});
+  enumerateNetwork(lab_.network(), failing, sleep_, [] { return false; });
   EXPECT_THAT(systems(), ElementsAre("WKS01|7||", "WKS03|7||"));
 }
 
 TEST_F(Enumeration, VisitsNobodyWithoutAnInventory) {
   lab_.addHost("WKS01", "[delay_ms]\ndiscovery=100\n");
   const WithInventory failing = [](const auto&) { throw RuntimeError(kDatabaseFailed, "gone"); };
-  enumerateNetwork(lab_.network(), failing, sleep_, {});
+  enumerateNetwork(lab_.network(), failing, sleep_, [] { return false; });
   EXPECT_THAT(slept_, ElementsAre());
 }
 

@@ -1,15 +1,11 @@
 #include "core/online_help.h"
 
 namespace varnhold::core {
-namespace {
-
-constexpr int kLastShellError = 32;  // shellapi.h: above it, ShellExecute worked
-
-}  // namespace
 
 bool openWebPage(platform::Processes& processes, const std::string& page) {
-  return processes.shellExecute("open", page, platform::ShowState::Normal) > kLastShellError ||
-         processes.shellExecute("open", "iexplore", page, platform::ShowState::Normal) > kLastShellError;
+  constexpr int kLast = platform::Processes::kLastShellError;
+  return processes.shellExecute("open", page, platform::ShowState::Normal) > kLast ||
+         processes.shellExecute("open", "iexplore", page, platform::ShowState::Normal) > kLast;
 }
 
 void ShowOnlineHelp(platform::Processes& processes, platform::Ui& ui) {

@@ -19,8 +19,6 @@ namespace {
 // Places in the console's image list.
 constexpr int kTessmarkImage = 3, kVarnholdImage = 4;
 
-constexpr const char* kAllGroups = "All";
-
 struct OperationTexts {
   std::int32_t operation;
   const char *formCaption, *action, *agentInfo;

@@ -47,6 +47,9 @@ struct ConsoleOfWizard {
 /// The columns of `lvSystems` behind the computer's name.
 inline constexpr int kStatusSubItem = 1, kKeepSnapsSubItem = 2;
 
+/// What `cboGroups` offers beside the groups: every computer.
+inline constexpr const char* kAllGroups = "All";
+
 /// What the tag of a cell in the column "Keep Snaps" says: its text is then "Yes" or "No". A cell without one
 /// asks nothing.
 inline constexpr const char *kSnapsKept = "1", *kSnapsNotKept = "2";

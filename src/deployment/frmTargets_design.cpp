@@ -6,7 +6,7 @@ namespace varnhold::deployment {
 
 void frmTargets::designPages() {
   BorderStyle = ui::BorderStyle::Sizable;
-  cboGroups.AddItem("All");
+  cboGroups.AddItem(kAllGroups);
   lvSelect.ColumnHeaders.Add("Computers");
   lvSelected.ColumnHeaders.Add("Selected Computers");
   lvSelect.MultiSelect = lvSelected.MultiSelect = true;

@@ -15,7 +15,6 @@ namespace {
 constexpr const char* kFinish = "&Finish";
 constexpr const char* kInstallCaption = "&Install";
 constexpr const char* kViewLog = "View &Log";
-constexpr int kLastShellError = 32;  // shellapi.h: above it, ShellExecute worked
 
 struct RunTexts {
   std::int32_t operation;
@@ -153,7 +152,7 @@ void frmTargets::openLog() {
   const auto log = program_.gAppPath + "\\" + std::string(kRunLogFile);
   const int result =
       program_.host.processes.shellExecute("open", "Notepad.exe", log, platform::ShowState::Normal);
-  if (result <= kLastShellError)
+  if (result <= platform::Processes::kLastShellError)
     screen().messageBox("Error: Could not load 'NotePad'.", platform::MessageIcon::Critical);
 }
 

@@ -15,7 +15,6 @@
 namespace varnhold::deployment {
 namespace {
 
-constexpr const char* kAllGroups = "All";
 constexpr int kConsoleStatusSubItem = 3;
 constexpr std::int64_t kSolaris = 101, kSyslogDevice = 301;  // types that get no agent
 constexpr std::string_view kTracksChanges = "Tracking Changes";

@@ -12,7 +12,8 @@ namespace varnhold::deployment {
 /// Tells the journal what a run shows in the list: `Status HOST1: <text>`, `Select HOST1`, `Visible HOST1`.
 class RunListWatch : public ui::ListControlView {
  public:
-  RunListWatch(ui::ListView& list, fakes::Journal& journal) : list_(list), journal_(journal) {
+  RunListWatch(ui::ListView& list, fakes::Journal& journal)
+      : list_(list), journal_(journal), selected_(list.SelectedItem().get()) {
     for (auto& row : list.ListItems) statuses_[row.Text] = row.SubItems(kStatusSubItem);
     list.attach(*this);
   }
@@ -35,7 +36,7 @@ class RunListWatch : public ui::ListControlView {
   ui::ListView& list_;
   fakes::Journal& journal_;
   std::map<std::string, std::string> statuses_;
-  const ui::ListItem* selected_ = nullptr;
+  const ui::ListItem* selected_;
 };
 
 /// Tells the journal where the bar stands: `Progress 50`.

@@ -4,20 +4,25 @@
 
 #include <algorithm>
 
+#include "base/secret.h"
 #include "base/text.h"
 #include "platform/windows/text.h"
 
 namespace varnhold::platform::windows {
 namespace {
 
-std::string toAnsi(std::string_view text) {
-  const auto wide = toWide(text);
-  const auto length = static_cast<int>(wide.size());
-  const auto convert = [&](char* room, int size) {
-    return WideCharToMultiByte(CP_ACP, 0, wide.data(), length, room, size, nullptr, nullptr);
+/// The text with NULs up to `size` bytes, and at least one. It is written in its place: a text that grew
+/// later would leave a copy behind, and it may be a password.
+std::string toAnsi(std::string_view text, std::size_t size, std::size_t& length) {
+  auto wide = toWide(text);
+  const WipedAtEnd wiped(wide);
+  const auto letters = static_cast<int>(wide.size());
+  const auto convert = [&](char* room, int bytes) {
+    return WideCharToMultiByte(CP_ACP, 0, wide.data(), letters, room, bytes, nullptr, nullptr);
   };
-  std::string ansi(static_cast<std::size_t>(wide.empty() ? 0 : convert(nullptr, 0)), '\0');
-  if (!ansi.empty()) convert(ansi.data(), static_cast<int>(ansi.size()));
+  length = static_cast<std::size_t>(wide.empty() ? 0 : convert(nullptr, 0));
+  std::string ansi(std::max(size, length + 1), '\0');
+  if (length > 0) convert(ansi.data(), static_cast<int>(length));
   return ansi;
 }
 
@@ -34,10 +39,7 @@ std::string fromAnsi(std::string_view text) {
 }  // namespace
 
 AnsiBuffer::AnsiBuffer(std::string_view text, std::size_t size)
-    : bytes_(toAnsi(text)), length_(bytes_.size()) {
-  bytes_.resize(std::max(size, bytes_.size() + 1), '\0');
-  before_ = bytes_;
-}
+    : bytes_(toAnsi(text, size, length_)), before_(bytes_) {}
 
 AnsiBuffer::~AnsiBuffer() {
   SecureZeroMemory(bytes_.data(), bytes_.size());

@@ -29,9 +29,8 @@ class AnsiBuffer {
   [[nodiscard]] std::string whole() const;
 
  private:
-  std::string bytes_;
-  std::size_t length_;  ///< of the text alone
-  std::string before_;
+  std::size_t length_ = 0;  ///< of the text alone
+  std::string bytes_, before_;
 };
 
 }  // namespace varnhold::platform::windows

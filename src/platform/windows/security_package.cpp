@@ -6,6 +6,7 @@
 #include <sspi.h>
 
 #include <map>
+#include <optional>
 
 #include "base/secret.h"
 #include "platform/windows/adapters.h"
@@ -97,12 +98,13 @@ class WindowsSecurityPackage : public SecurityPackage {
                                 const SecWinntAuthIdentity* identity, SecurityHandle& credential) override {
     if (functions() == nullptr) return kSecPackageNotFound;
     auto name = toWide(package);
-    WideIdentity wide(identity == nullptr ? SecWinntAuthIdentity{} : *identity);
+    std::optional<WideIdentity> wide;
+    if (identity != nullptr) wide.emplace(*identity);
     CredHandle acquired{};
     TimeStamp expiry{};
     const auto status = functions_->AcquireCredentialsHandleW(nullptr, name.data(), use, nullptr,
-                                                              identity == nullptr ? nullptr : wide.get(),
-                                                              nullptr, nullptr, &acquired, &expiry);
+                                                              wide ? wide->get() : nullptr, nullptr, nullptr,
+                                                              &acquired, &expiry);
     if (status < 0) return status;
     credential = ++last_;
     credentials_[credential] = acquired;
@@ -164,14 +166,15 @@ class WindowsSecurityPackage : public SecurityPackage {
   }
 
  private:
+  /// Null where there is no such library. One that was found stays for as long as the process.
   const SecurityFunctionTableW* functions() {
-    if (functions_ == nullptr) {
-      auto* const module = LoadLibraryExW(toWide(library_).c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-      if (module == nullptr) return nullptr;
-      const auto init = reinterpret_cast<INIT_SECURITY_INTERFACE_W>(
-          reinterpret_cast<void (*)()>(GetProcAddress(module, "InitSecurityInterfaceW")));
-      if (init != nullptr) functions_ = init();
-    }
+    if (functions_ != nullptr) return functions_;
+    auto* const module = LoadLibraryExW(toWide(library_).c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (module == nullptr) return nullptr;
+    const auto init = reinterpret_cast<INIT_SECURITY_INTERFACE_W>(
+        reinterpret_cast<void (*)()>(GetProcAddress(module, "InitSecurityInterfaceW")));
+    if (init != nullptr) functions_ = init();
+    if (functions_ == nullptr) FreeLibrary(module);
     return functions_;
   }
 

@@ -99,6 +99,25 @@ TEST(Lab, HostIniSaysWhatTheRoleIs) {
   EXPECT_EQ(roleText(LabRole::IsSlow), "\n[delay_ms]\ninstall = 1500\nuninstall = 1500\n");
 }
 
+TEST(Lab, KnowsAnAdministratorForEachDomainAndOneAccountForServices) {
+  EXPECT_EQ(accountList(),
+            "CORP:admin:corp\n"
+            "SALES:admin:sales\n"
+            "PLANT:admin:plant\n"
+            "CORP:agent:agent\n");
+}
+
+TEST(Lab, EveryAccountThatAComputerDemandsIsKnownWithItsPassword) {
+  for (const auto& computer : labComputers(12, "MANAGER")) {
+    const auto& model = computer.model;
+    EXPECT_NE(accountList().find(std::string(model.domain) + ":"), std::string::npos) << computer.name;
+    if (model.account.empty()) continue;
+    auto line = std::string(model.account) + ":" + std::string(model.password) + "\n";
+    line.replace(line.find('\\'), 1, ":");
+    EXPECT_NE(("\n" + accountList()).find("\n" + line), std::string::npos) << computer.name;
+  }
+}
+
 TEST(Lab, OneOfTwelveDemandsAnAccount) {
   int demanding = 0;
   for (const auto& computer : labComputers(12, "MANAGER"))

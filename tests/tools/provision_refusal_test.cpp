@@ -32,7 +32,7 @@ TEST_F(ProvisionRefusal, ASecondRunSaysWhatItFoundAndChangesNothing) {
 
 TEST_F(ProvisionRefusal, AnyNameUnderWhichAHomeKeepsDataIsReasonToRefuse) {
   for (const std::string name : {"registry.reg", "qrvdbv3.mdb", "QRVDBV3.MDB", "AILog.txt", "ailog.txt",
-                                 "systems.txt", "qrvOldDB.mdb", "System Report.txt"}) {
+                                 "systems.txt", "ntlm-users", "qrvOldDB.mdb", "System Report.txt"}) {
     const auto home = folder / ("home of " + name);
     writeFile(home / name, "mine");
     const auto ended = runProvision({"--home", home.string()});
@@ -98,9 +98,11 @@ TEST_F(ProvisionRefusal, WhatAKilledRunLeftIsClearedAwayAndMadeAfresh) {
   writeFile(home / "qrvdbv3.mdb", "cut off");
   writeFile(home / "lab/OLD/host.ini", "[host]\n");
   writeFile(home / "systems.txt.new", "ATL");
+  writeFile(home / "ntlm-users.new", "CORP:ad");
   const auto ended = runProvision({"--home", home.string()});
   ASSERT_EQ(ended.status, 0) << ended.err;
-  EXPECT_THAT(namesIn(home), Not(testing::AnyOf(Contains("provisioning.mark"), Contains("systems.txt.new"))));
+  EXPECT_THAT(namesIn(home),
+              Not(Contains(testing::AnyOf("provisioning.mark", "systems.txt.new", "ntlm-users.new"))));
   EXPECT_FALSE(fs::exists(home / "lab/OLD"));
   EXPECT_EQ(namesIn(home / "lab").size(), 13u);
 }

@@ -1,5 +1,6 @@
 // Whole runs of varnhold-provision, checked file by file, value by value and row by row.
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include "core/registry_values.h"
 #include "tests/tools/provisioned_home.h"
@@ -49,6 +50,17 @@ TEST_F(ProvisionRun, WritesTheRegistryValueByValue) {
   EXPECT_EQ(registryValue(home, core::kDataSourcesKey, "qrvdb"), "text:SQLite3");
   EXPECT_EQ(registryValue(home, core::kManagerKey, "SWINSTALLPATH"), "missing");
   EXPECT_EQ(registryValue(home, core::kWindowsChangesKey, "LocalRootDir"), "missing");
+}
+
+TEST_F(ProvisionRun, WritesTheAccountsOfTheLabForTheirOwnerAlone) {
+  const auto home = folder / "home";
+  const auto mask = ::umask(0);
+  const auto ended = runProvision({"--home", home.string()});
+  ::umask(mask);
+  ASSERT_EQ(ended.status, 0) << ended.err;
+  EXPECT_EQ(contentOf(home / "ntlm-users"), accountList());
+  EXPECT_EQ(fs::status(home / "ntlm-users").permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_THAT(namesIn(home), Not(Contains("ntlm-users.new")));
 }
 
 TEST_F(ProvisionRun, MakesTheTablesEmpty) {

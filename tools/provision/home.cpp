@@ -20,7 +20,7 @@ struct KnownName {
 };
 
 /// The names under which a home keeps data, and who writes them first.
-constexpr std::array<KnownName, 16> kKnownNames{{
+constexpr std::array<KnownName, 18> kKnownNames{{
     {kRegistryFile, MadeBy::Provisioning},
     {"registry.reg.lock", MadeBy::Provisioning},
     {"registry.reg.tmp", MadeBy::Provisioning},
@@ -33,6 +33,8 @@ constexpr std::array<KnownName, 16> kKnownNames{{
     {kLabFolder, MadeBy::Provisioning},
     {kSystemListFile, MadeBy::Provisioning},
     {"systems.txt.new", MadeBy::Provisioning},
+    {kAccountFile, MadeBy::Provisioning},
+    {"ntlm-users.new", MadeBy::Provisioning},
     {"AILog.txt", MadeBy::Product},
     {"System Report.txt", MadeBy::Product},
     {"qrvCompactedDB.mdb", MadeBy::Product},

@@ -12,6 +12,7 @@ inline constexpr const char* kInstallerFolder = "RemoteInstaller";
 inline constexpr const char* kAgentFolder = "Agent";
 inline constexpr const char* kLabFolder = "lab";
 inline constexpr const char* kSystemListFile = "systems.txt";
+inline constexpr const char* kAccountFile = "ntlm-users";
 
 /// The longest path of a home, in bytes of UTF-8: registry texts are read into 1,024 bytes, and file names
 /// follow.

@@ -106,6 +106,18 @@ void makeLab(const std::filesystem::path& home, const std::vector<LabComputer>& 
   for (const auto& computer : computers) makeComputer(lab, computer);
 }
 
+std::string accountList() {
+  std::string list;
+  for (const auto& account : kLabAccounts)
+    list.append(account.domain)
+        .append(":")
+        .append(account.user)
+        .append(":")
+        .append(account.password)
+        .append("\n");
+  return list;
+}
+
 std::string systemList(const std::vector<LabComputer>& computers) {
   std::string list;
   for (const auto& computer : computers) list += computer.name + "\n";

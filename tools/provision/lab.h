@@ -38,6 +38,23 @@ inline constexpr std::array<LabModel, 12> kLabMixture{{
     {"LINDEN", 5, 4, "PLANT", R"(C:\Apps)", LabRole::Deploys, R"(PLANT\admin)", "plant"},
 }};
 
+/// An account that the program knows of where it checks accounts itself.
+struct LabAccount {
+  std::string_view domain, user, password;
+};
+
+/// Those of the lab: an administrator for each domain, among them whoever a computer demands, and one for
+/// services.
+inline constexpr std::array<LabAccount, 4> kLabAccounts{{
+    {"CORP", "admin", "corp"},
+    {"SALES", "admin", "sales"},
+    {"PLANT", "admin", "plant"},
+    {"CORP", "agent", "agent"},
+}};
+
+/// The text of the file `ntlm-users`: one account a line.
+[[nodiscard]] std::string accountList();
+
 /// A computer of one lab: its model under the name and address that it has there.
 struct LabComputer {
   std::string name, address;

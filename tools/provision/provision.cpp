@@ -6,6 +6,7 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "store/connection.h"
+#include "tools/provision/account_file.h"
 #include "tools/provision/home.h"
 #include "tools/provision/home_files.h"
 #include "tools/provision/installer_material.h"
@@ -112,6 +113,7 @@ void make(const Options& options, const std::filesystem::path& home, const Host&
   const auto computers = labComputers(options.labComputers, host.computerName);
   makeLab(home, computers, host.computerName);
   writeWhole(home / kSystemListFile, systemList(computers));
+  writeAccountFile(home / kAccountFile, accountList());
   writeRegistryValues(host.registry, utf8FromPath(home), registeredDriver(connection, host.dataSource));
   if (options.inventoryComputers > 0) fillInventory(connection, options.inventoryComputers);
 }

@@ -78,21 +78,19 @@ fs::path stageFolder() {
 
 }  // namespace
 
-Stage::Stage() : home_(stageFolder() / "the home") {
+Stage::Stage(int labComputers) : home_(stageFolder() / "the home") {
   fs::remove_all(home_);
   forgetMachineState();
   fs::create_directories(stageFolder());
   const auto provision = textOf(kBin / ("varnhold-provision" + std::string(kProgramSuffix)));
   writeBytes(stageFolder() / "odbc.ini",
              store::renderSqliteDataSource("qrvdb", driverManagerPath(textOf(home_ / "qrvdbv3.mdb"))));
-  const auto provisioned = runProcess(provision, {"--home", textOf(home_), "--lab", "1"}, {},
-                                      textOf(stageFolder() / "provision.err"));
+  const auto provisioned =
+      runProcess(provision, {"--home", textOf(home_), "--lab", std::to_string(labComputers)}, {},
+                 textOf(stageFolder() / "provision.err"));
   if (provisioned.exitStatus != 0)
     throw std::runtime_error("provisioning ended with status " + std::to_string(provisioned.exitStatus) +
                              ": " + provisioned.standardError);
-  for (const auto& computer : fs::directory_iterator(home_ / "lab")) {
-    if (computer.path().filename() != computerName()) fs::remove_all(computer.path());
-  }
   fs::copy_file(kBin / kProgram, home_ / kProgram);
   putLibrary("recorder");
 }

@@ -10,7 +10,8 @@ namespace varnhold::cli {
 /// the real program is run. One at a time in a process: each new stage begins from an empty folder.
 class Stage {
  public:
-  Stage();
+  /// In the lab are the manager's own computer and `labComputers` of the mixture.
+  explicit Stage(int labComputers = 0);
 
   /// A computer of the lab, with `hostIni` as its description.
   void addComputer(const std::string& name, const std::string& hostIni);

@@ -90,8 +90,9 @@ bool frmTargets::ValidateInstallPath() {
   return first != std::string::npos && path.find('\\', first + 1) != std::string::npos;
 }
 
+/// A folder of that name will do, deliberately: the library says what it cannot copy.
 bool frmTargets::ConfigFileExists(const std::string& path) {
-  return optConfig(0).Value || program_.host.files.exists(path);
+  return optConfig(0).Value || program_.host.files.isThere(path);
 }
 
 PollingControls frmTargets::pollingControls() const {

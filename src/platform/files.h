@@ -25,6 +25,8 @@ class Files {
 
   /// True when there is a file (no folder) of that name.
   [[nodiscard]] virtual bool exists(const std::string& path) = 0;
+  /// GetFileAttributes: true when there is a file or a folder of that name.
+  [[nodiscard]] virtual bool isThere(const std::string& path) = 0;
   /// The whole content; nothing when it cannot be read.
   [[nodiscard]] virtual std::optional<std::string> read(const std::string& path) = 0;
   /// Adds bytes at the end, making the file where it is missing. What could not be written whole is not left

@@ -48,6 +48,16 @@ TYPED_TEST_P(FilesContract, FindsAFileAndNoFolder) {
   EXPECT_FALSE(this->files().exists(this->path("missing\\AILog.txt")));
 }
 
+TYPED_TEST_P(FilesContract, TellsWhatIsThereFileOrFolder) {
+  this->make("AILog.txt", "");
+  this->host_.makeFolder("remins");
+  EXPECT_TRUE(this->files().isThere(this->path("ailog.TXT")));
+  EXPECT_TRUE(this->files().isThere(this->path("remins")));
+  EXPECT_FALSE(this->files().isThere(this->path("other.txt")));
+  EXPECT_FALSE(this->files().isThere(this->path("missing\\AILog.txt")));
+  EXPECT_FALSE(this->files().isThere(""));
+}
+
 TYPED_TEST_P(FilesContract, FindsFoldersAndFilesWithoutCase) {
   this->host_.makeFolder("RemoteInstaller");
   this->make("RemoteInstaller\\AILog.txt", "line");
@@ -141,11 +151,12 @@ TYPED_TEST_P(FilesContract, TakesNamesWithBlanksApostrophesAndLettersOfOtherScri
   }
 }
 
-REGISTER_TYPED_TEST_SUITE_P(FilesContract, FindsAFileAndNoFolder, FindsFoldersAndFilesWithoutCase,
-                            ReadsEveryByte, ReadsAndWritesTenMegabytes, ReadsNothingWhereThereIsNoFile,
-                            AppendMakesTheFileAndAddsAtItsEnd, AppendTellsWhatIsInItsWay,
-                            CreateNewLeavesAnExistingFileAlone, CreateNewForTheOwnerCanBeReadByTheOwner,
-                            TheProbeIsAnEmptyFile, TheProbeAlwaysCreates, TheProbeFailsWhereNoFileCanBe,
-                            RemovesAFileAndNoFolder, TakesNamesWithBlanksApostrophesAndLettersOfOtherScripts);
+REGISTER_TYPED_TEST_SUITE_P(FilesContract, FindsAFileAndNoFolder, TellsWhatIsThereFileOrFolder,
+                            FindsFoldersAndFilesWithoutCase, ReadsEveryByte, ReadsAndWritesTenMegabytes,
+                            ReadsNothingWhereThereIsNoFile, AppendMakesTheFileAndAddsAtItsEnd,
+                            AppendTellsWhatIsInItsWay, CreateNewLeavesAnExistingFileAlone,
+                            CreateNewForTheOwnerCanBeReadByTheOwner, TheProbeIsAnEmptyFile,
+                            TheProbeAlwaysCreates, TheProbeFailsWhereNoFileCanBe, RemovesAFileAndNoFolder,
+                            TakesNamesWithBlanksApostrophesAndLettersOfOtherScripts);
 
 }  // namespace varnhold::contract

@@ -198,6 +198,19 @@ TEST_F(MovesTest, Page7WantsACustomFileThatIsThere) {
   });
 }
 
+TEST_F(MovesTest, Page7TakesAFolderForTheCustomFileToo) {
+  fake.files.makeFolder(R"(C:\configs)");
+  show(1, 1, [this] {
+    turnTo(6);
+    targets.optConfig(1).Value = true;
+    targets.txtTemplate.Text = R"(C:\configs)";
+    targets.cmdNext.Enabled = true;
+    targets.cmdNext.userClick();
+    EXPECT_EQ(targets.CurrentPage, 7);
+  });
+  EXPECT_THAT(boxes(), IsEmpty());
+}
+
 TEST_F(MovesTest, TheDefaultConfigurationNeedsNoFileForPage7) {
   show(1, 1, [this] {
     turnTo(6);

@@ -63,6 +63,12 @@ bool FakeFiles::exists(const std::string& path) {
   return there;
 }
 
+bool FakeFiles::isThere(const std::string& path) {
+  const bool there = files_.contains(toUpper(path)) || folders_.contains(toUpper(path));
+  journal_.push_back("isThere " + shown(path) + (there ? " -> yes" : " -> no"));
+  return there;
+}
+
 std::optional<std::string> FakeFiles::read(const std::string& path) {
   auto found = unreadable_.contains(toUpper(path)) ? std::nullopt : content(path);
   journal_.push_back("read " + shown(path) + " -> " +

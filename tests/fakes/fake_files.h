@@ -13,8 +13,8 @@ namespace varnhold::fakes {
 
 /// A disk in memory; names compare without case. Folders are not kept until a test makes one: from then on
 /// only those that were made are there. Journal lines: `exists <path> -> yes`, `read <path> -> 12 bytes` (or
-/// `-> nothing`), `append <path>: <bytes> -> Done`, `createNew <path>: <bytes> -> Done` (with `(owner only)`
-/// behind the path), `createProbe <path> -> yes`, `remove <path> -> Done`.
+/// `-> nothing`), `isThere <path> -> yes`, `append <path>: <bytes> -> Done`, `createNew <path>: <bytes> ->
+/// Done` (with `(owner only)` behind the path), `createProbe <path> -> yes`, `remove <path> -> Done`.
 class FakeFiles : public platform::Files {
  public:
   explicit FakeFiles(Journal& journal) : journal_(journal) {}
@@ -32,6 +32,7 @@ class FakeFiles : public platform::Files {
   [[nodiscard]] std::optional<std::string> content(std::string_view path) const;
 
   bool exists(const std::string& path) override;
+  bool isThere(const std::string& path) override;
   std::optional<std::string> read(const std::string& path) override;
   platform::FileOutcome append(const std::string& path, std::string_view bytes) override;
   platform::FileOutcome createNew(const std::string& path, std::string_view bytes,

@@ -59,6 +59,11 @@ class FilesOfHost : public Files {
     return ::stat(paths_.resolve(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
   }
 
+  bool isThere(const std::string& path) override {
+    struct stat status {};
+    return ::stat(paths_.resolve(path).c_str(), &status) == 0;
+  }
+
   std::optional<std::string> read(const std::string& path) override {
     const auto file = open(paths_.resolve(path), O_RDONLY);
     struct stat status {};

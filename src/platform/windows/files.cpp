@@ -90,6 +90,10 @@ class WindowsFiles : public Files {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
   }
 
+  bool isThere(const std::string& path) override {
+    return GetFileAttributesW(pathFor(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+  }
+
   std::optional<std::string> read(const std::string& path) override {
     const auto file = openFile(path, GENERIC_READ, kShareAll, OPEN_EXISTING);
     // A name such as CON opens a device, and to read from it waits for a person.

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <iostream>
 
 #include "base/text.h"
@@ -10,11 +11,11 @@
 namespace varnhold::platform::posix {
 
 std::string domainAsInFile(std::string_view content, const std::string& domain) {
-  for (const auto& line : split(content, '\n')) {
-    const auto end = line.find(':');
-    if (end == std::string::npos) continue;
-    const auto known = line.substr(0, end);
-    if (equalsIgnoringCase(known, domain)) return known;
+  while (!content.empty()) {
+    const auto line = content.substr(0, content.find('\n'));
+    content.remove_prefix(std::min(content.size(), line.size() + 1));
+    const auto known = line.substr(0, line.find(':'));
+    if (known.size() < line.size() && equalsIgnoringCase(known, domain)) return std::string(known);
   }
   return domain;
 }

@@ -6,6 +6,7 @@
 #include <array>
 #include <vector>
 
+#include "base/secret.h"
 #include "base/text.h"
 #include "platform/formats/net_use_line.h"
 #include "platform/posix/adapters.h"
@@ -87,8 +88,11 @@ class ProcessesOfHost : public Processes {
 
   /// What the network says to the line is not told: starting the batch file is all that the call answers for.
   int runBatch(const std::string& file) {
-    const auto line = parseNetUseLine(files_.read(file).value_or(std::string{}));
+    auto content = files_.read(file).value_or(std::string{});
+    const WipedAtEnd wipedContent(content);
+    auto line = parseNetUseLine(content);
     if (!line) return kNoAssociation;
+    const WipedAtEnd wipedPassword(line->password);
     if (line->request == NetUseLine::Request::Connect) {
       const auto connect = companion_.function<decltype(qrvHostConnectShare)>("qrvHostConnectShare");
       connect(line->share.c_str(), line->account.c_str(), line->password.c_str());

@@ -1,11 +1,12 @@
 #include "platform/security_package.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <set>
-#include <sstream>
 
+#include "base/secret.h"
 #include "platform/posix/adapters.h"
 #include "platform/posix/gss_handles.h"
 #include "platform/posix/ntlm_users.h"
@@ -18,10 +19,17 @@ constexpr std::uint32_t kNtlmMaxToken = 2888;
 /// The mechanism wants the name of a service, and sends it nowhere.
 constexpr const char* kServerName = "host@localhost";
 
+/// The whole file in the one place where it is read to: it holds passwords, which the caller wipes.
 std::string contentOf(const std::string& file) {
-  std::ostringstream content;
-  content << std::ifstream(file, std::ios::binary).rdbuf();
-  return content.str();
+  std::error_code error;
+  const auto size = std::filesystem::file_size(file, error);
+  if (error) return {};
+  std::string content(size, '\0');
+  std::ifstream stream;
+  stream.rdbuf()->pubsetbuf(nullptr, 0);
+  stream.open(file, std::ios::binary);
+  stream.read(content.data(), static_cast<std::streamsize>(content.size()));
+  return content;
 }
 
 long statusOf(OM_uint32 major) {
@@ -139,7 +147,9 @@ class GssSecurityPackage : public SecurityPackage {
 
  private:
   long acquireOutbound(const SecWinntAuthIdentity& identity, gss_cred_id_t& acquired) {
-    const auto domain = domainAsInFile(contentOf(userFile_), identity.Domain);
+    auto users = contentOf(userFile_);
+    const WipedAtEnd wiped(users);
+    const auto domain = domainAsInFile(users, identity.Domain);
     const OwnedGssName name(domain + "\\" + identity.User, GSS_C_NT_USER_NAME);
     if (!name) return kSecUnknownCredentials;
     gss_buffer_desc password{identity.Password.size(), const_cast<char*>(identity.Password.data())};

@@ -36,7 +36,7 @@ class ChangeInstallation : private EngineRun {
 
  private:
   void installOnAll();
-  [[nodiscard]] bool installOn(std::int32_t row);
+  [[nodiscard]] bool installOnRow();
   void deployUnlessSkipped();
   [[nodiscard]] platform::ThreadHandle start(std::int32_t& code);
   void tellResult(std::int32_t result);
@@ -47,15 +47,12 @@ void ChangeInstallation::installOnAll() {
   step([&] { ResetDeploymentLog(program_); });
   pumpEvents();
   beginProgress();
-  const auto rows = countRows();
-  bool goesOn = true;
-  for (std::int32_t row = 1; row <= rows && goesOn; ++row) step([&] { goesOn = installOn(row); });
+  workDownRows([this] { return installOnRow(); });
 }
 
 /// False when the operator has asked to stop.
-bool ChangeInstallation::installOn(std::int32_t row) {
+bool ChangeInstallation::installOnRow() {
   if (form_.StopRequested) return false;
-  goTo(row);
   if (isInaccessible()) return true;
   selectRow();
   setTarget();

@@ -82,11 +82,12 @@ class EngineRun {
   void beginProgress();
   [[nodiscard]] std::int32_t countRows() const { return form_.lvSystems.ListItems.Count(); }
   void askForLogin();
+  /// Does `work` for one row after the other, each being the one at hand, until it gives false.
+  void workDownRows(const std::function<bool()>& work);
   /// The manager's own agent polls agentless computers: it has to hear of those that came or went.
   void restartManagersAgent();
 
   // The row at hand.
-  void goTo(std::int32_t row);
   [[nodiscard]] const std::string& status() const;
   [[nodiscard]] bool statusHolds(std::string_view text) const;
   void setStatus(const std::string& text) { screen_.setStatus(row_, text); }
@@ -136,7 +137,7 @@ class EngineRun {
   void keepPagesAway();
   void setPointer(ui::Pointer pointer);
 
-  [[nodiscard]] Product product() const;
+  [[nodiscard]] Product product() const { return product_; }
   [[nodiscard]] bool isAgentless() const { return form_.OptAgentless.Value; }
   [[nodiscard]] bool isHighPerformance() const { return form_.chkHPMode.Value != 0; }
   /// 0 for agentless, else 1 in every mode: 5 waits for a check box that holds -1, which none ever does,
@@ -158,12 +159,14 @@ class EngineRun {
   store::Recordset systems_;
 
  private:
+  void goTo(std::int32_t row);
   void endBusy();
   void endByError(const RuntimeError& error);
   [[nodiscard]] JobChoices choices() const;
   [[nodiscard]] bool hasAgentRow(const std::string& filter) const;
 
   const ErrorPolicy policy_;
+  const Product product_;  ///< as it is when the run begins: a prompt's end chooses the first one again
   const ResumeNext next_;
   store::Command command_;
   std::int32_t step_ = 0, target_ = 0;

@@ -12,9 +12,10 @@ namespace varnhold::deployment {
 
 class frmTargets;
 
-/// Installs the Varnhold agent, agent based or agentless. Errors of a step are shown, and the next step runs.
+/// Installs the Varnhold agent, agent based or agentless. An error of a step is passed over, and the next
+/// step runs.
 void InstallAgents(core::Program& program, frmTargets& form);
-/// Installs the Tessmark agent.
+/// Installs the Tessmark agent. Errors as above; in the engines below one is shown and ends the run.
 void InstallChangeAgents(core::Program& program, frmTargets& form);
 /// Takes the agent of the chosen product off.
 void UninstallAgents(core::Program& program, frmTargets& form);

@@ -41,7 +41,7 @@ class Installation : private EngineRun {
  private:
   void installOnAll();
   void fillJobForRun();
-  [[nodiscard]] bool installOn(std::int32_t row);
+  [[nodiscard]] bool installOnRow();
   void workOnComputer();
   [[nodiscard]] bool isSkipped();
   [[nodiscard]] bool isOfTheOtherKind() const;
@@ -62,9 +62,7 @@ void Installation::installOnAll() {
   if (isAgentless()) askForLogin();
   pumpEvents();
   beginProgress();
-  const auto rows = countRows();
-  bool goesOn = true;
-  for (std::int32_t row = 1; row <= rows && goesOn; ++row) step([&] { goesOn = installOn(row); });
+  workDownRows([this] { return installOnRow(); });
   if (isAgentless()) applyPolling();
 }
 
@@ -76,8 +74,7 @@ void Installation::fillJobForRun() {
 }
 
 /// False when the operator has asked to stop.
-bool Installation::installOn(std::int32_t row) {
-  goTo(row);
+bool Installation::installOnRow() {
   showProgress();
   if (isAgentless()) {
     showMainFrame();

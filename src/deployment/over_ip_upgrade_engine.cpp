@@ -29,7 +29,7 @@ class OverIPUpgrade : private UpgradeRun {
 
  private:
   void upgradeAll();
-  [[nodiscard]] bool upgradeRow(std::int32_t row);
+  [[nodiscard]] bool upgradeRow();
   void upgradeComputer();
   void tellFailure(const std::string& what, std::int32_t result);
   [[nodiscard]] std::int32_t checkVersion();
@@ -46,16 +46,12 @@ void OverIPUpgrade::upgradeAll() {
   }
   beginProgress();
   openSystems();
-  const auto rows = countRows();
-  for (std::int32_t row = 1; row <= rows; ++row) {
-    if (!upgradeRow(row)) break;
-  }
+  workDownRows([this] { return upgradeRow(); });
   closeSystems();
 }
 
 /// False when the operator has asked to stop.
-bool OverIPUpgrade::upgradeRow(std::int32_t row) {
-  goTo(row);
+bool OverIPUpgrade::upgradeRow() {
   if (isAgentless() && !canReadSecurityLog()) return true;
   showProgress();
   if (isAgentless()) keepPagesAway();

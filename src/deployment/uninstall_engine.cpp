@@ -38,7 +38,7 @@ class Uninstallation : private EngineRun {
 
  private:
   void uninstallAll();
-  [[nodiscard]] bool uninstallFrom(std::int32_t row);
+  [[nodiscard]] bool uninstallFromRow();
   void uninstallUnlessSkipped();
   void startAndWait();
   void tellResult(std::int32_t result);
@@ -51,25 +51,21 @@ class Uninstallation : private EngineRun {
 
 void Uninstallation::uninstallAll() {
   ResetDeploymentLog(program_);
-  const auto rows = countRows();
   // The account is for systems with an agent on them, and the first row alone decides.
-  if (rows > 0 && !IsAgentlessSystem(program_, screen_.systemName(1))) askForLogin();
+  if (countRows() > 0 && !IsAgentlessSystem(program_, screen_.systemName(1))) askForLogin();
   pumpEvents();
   form_.pbProgress.Visible = true;
   beginProgress();
   openSystems();
   form_.Refresh();
   pumpEvents();
-  for (std::int32_t row = 1; row <= rows; ++row) {
-    if (!uninstallFrom(row)) break;
-  }
+  workDownRows([this] { return uninstallFromRow(); });
   closeSystems();
   if (restartNeeded_) restartManagersAgent();
 }
 
 /// False when the operator has asked to stop.
-bool Uninstallation::uninstallFrom(std::int32_t row) {
-  goTo(row);
+bool Uninstallation::uninstallFromRow() {
   if (!isAgentlessComputer()) connectSharesByLogin();
   pumpEvents();
   if (form_.StopRequested) return false;

@@ -27,7 +27,7 @@ class Upgrade : private UpgradeRun {
 
  private:
   void upgradeAll();
-  [[nodiscard]] bool upgradeRow(std::int32_t row);
+  [[nodiscard]] bool upgradeRow();
   void upgradeComputer();
   void prepareAgentSettings();
   void tellResult(std::int32_t result);
@@ -39,16 +39,12 @@ void Upgrade::upgradeAll() {
   chooseConfigFile();
   openSystems();
   if (isAgentless()) askForLogin();
-  const auto rows = countRows();
-  for (std::int32_t row = 1; row <= rows; ++row) {
-    if (!upgradeRow(row)) break;
-  }
+  workDownRows([this] { return upgradeRow(); });
   closeSystems();
 }
 
 /// False when the operator has asked to stop.
-bool Upgrade::upgradeRow(std::int32_t row) {
-  goTo(row);
+bool Upgrade::upgradeRow() {
   // Here the test is for computers of every version.
   if (isAgentless() && !canReadSecurityLog()) return true;
   showProgress();

@@ -133,6 +133,7 @@ TEST_F(AgentlessInstallEngine, GoesOnInFrontOfThePageThatThePromptHasShownAnew) 
       ++looks;
       EXPECT_TRUE(targets.freMain.Visible && targets.pbProgress.Visible && !targets.frePath.Visible);
       EXPECT_FALSE(targets.cmdInstall.Enabled || targets.cmdAdvanced.Enabled);
+      EXPECT_FALSE(targets.cmdBack.Enabled || targets.cmdNext.Enabled);
     };
     run();
     EXPECT_EQ(looks, 5) << "four batch files and one poll";

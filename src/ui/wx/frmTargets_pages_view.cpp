@@ -56,6 +56,19 @@ wxWindow* namesList(wxWindow* frame, ui::ListBox& list) {
   return widget;
 }
 
+/// A name, its list and what stands below, in one column; the list takes the room that is left.
+wxWindow* listPage(wxWindow* frame, std::initializer_list<wxWindow*> parts) {
+  const auto* const list = *(parts.begin() + 1);
+  const auto* const last = *(parts.end() - 1);
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  for (auto* part : parts) {
+    const int gap = part == last ? 0 : frame->FromDIP(kGap);
+    column->Add(part, wxSizerFlags(part == list ? 1 : 0).Expand().Border(wxBOTTOM, gap));
+  }
+  frame->SetSizer(column);
+  return frame;
+}
+
 wxWindow* timeBox(wxWindow* group, ui::TextBox& box) {
   auto* widget = bindTextBox(group, box);
   keepNarrow(*widget, widget->ToDIP(widget->GetTextExtent(kDigits).x) + kBoxEdges);
@@ -144,31 +157,20 @@ wxWindow* agentTypePage(wxWindow& inside, deployment::frmTargets& form) {
 
 wxWindow* agentsPage(wxWindow& inside, deployment::frmTargets& form) {
   auto* frame = bindPlainFrame(&inside, form.freAgents);
-  const auto below = wxSizerFlags().Expand().Border(wxBOTTOM, inside.FromDIP(kGap));
-  auto* column = new wxBoxSizer(wxVERTICAL);
-  column->Add(bindLabel(frame, form.lblAgentSys, LabelRoom::Wrap), below);
-  column->Add(namesList(frame, form.lstSystems), wxSizerFlags(below).Proportion(1));
-  column->Add(bindLabel(frame, form.lblAgentInfo, LabelRoom::Wrap), below);
-  for (auto& client : form.optClient) column->Add(bindOptionButton(frame, client), below);
-  column->Add(bindLabel(frame, form.lblAgentLast, LabelRoom::Wrap), wxSizerFlags().Expand());
-  frame->SetSizer(column);
-  return frame;
+  return listPage(
+      frame,
+      {bindLabel(frame, form.lblAgentSys, LabelRoom::Wrap), namesList(frame, form.lstSystems),
+       bindLabel(frame, form.lblAgentInfo, LabelRoom::Wrap), bindOptionButton(frame, form.optClient(0)),
+       bindOptionButton(frame, form.optClient(1)), bindLabel(frame, form.lblAgentLast, LabelRoom::Wrap)});
 }
 
 wxWindow* pathPage(wxWindow& inside, deployment::frmTargets& form) {
   auto* frame = bindPlainFrame(&inside, form.frePath);
-  const auto below = wxSizerFlags().Expand().Border(wxBOTTOM, inside.FromDIP(kGap));
-  auto* column = new wxBoxSizer(wxVERTICAL);
-  column->Add(bindLabel(frame, form.lblPathSystems, LabelRoom::Wrap), below);
-  column->Add(namesList(frame, form.lstPathSystems), wxSizerFlags(below).Proportion(1));
-  column->Add(bindLabel(frame, form.lblPathInfo, LabelRoom::Wrap), below);
-  column->Add(bindTextBox(frame, form.txtPathVHW), below);
-  column->Add(bindTextBox(frame, form.txtPathTKW), below);
-  column->Add(polling(frame, form), below);
-  column->Add(account(frame, form), below);
-  column->Add(bindLabel(frame, form.lblPathLast, LabelRoom::Wrap), wxSizerFlags().Expand());
-  frame->SetSizer(column);
-  return frame;
+  return listPage(
+      frame, {bindLabel(frame, form.lblPathSystems, LabelRoom::Wrap), namesList(frame, form.lstPathSystems),
+              bindLabel(frame, form.lblPathInfo, LabelRoom::Wrap), bindTextBox(frame, form.txtPathVHW),
+              bindTextBox(frame, form.txtPathTKW), polling(frame, form), account(frame, form),
+              bindLabel(frame, form.lblPathLast, LabelRoom::Wrap)});
 }
 
 }  // namespace varnhold::ui::wx

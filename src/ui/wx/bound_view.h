@@ -4,8 +4,10 @@
 #include <memory>
 #include <utility>
 
+#include "ui/controls/form.h"
 #include "ui/wx/acts.h"
 #include "ui/wx/common_values.h"
+#include "ui/wx/keyboard_focus.h"
 #include "ui/wx/wx_headers.h"
 
 namespace varnhold::ui::wx {
@@ -22,7 +24,8 @@ class BoundView : public Interface {
     // Acts on the way are to find the widget as the user left it; behind the last one it is shown anew.
     if (control_ == nullptr || actsOnTheWay_ > 0) return;
     const Quiet quiet(*this);
-    syncCommonValues(widget_, *control_);
+    const bool hadFocus = hasFocus(widget_);
+    if (syncCommonValues(widget_, *control_) && (hadFocus || isActive())) keepKeysHeardSoon();
     show(*control_);
   }
   void takeFocus() override { widget_.SetFocus(); }
@@ -98,6 +101,16 @@ class BoundView : public Interface {
     if (look == nullptr || control_ == nullptr) return;
     const Quiet quiet(*this);
     look(*control_);
+  }
+
+  [[nodiscard]] bool isActive() const {
+    return control_->form() != nullptr && control_->form()->ActiveControl() == control_;
+  }
+  void keepKeysHeardSoon() {
+    acts().post([this, life = std::weak_ptr<int>(life_)] {
+      if (life.expired() || control_ == nullptr || control_->form() == nullptr) return;
+      keepKeysHeard(widget_, *control_->form(), control_);
+    });
   }
 
   Widget& widget_;

@@ -75,9 +75,11 @@ void layOut(wxWindow& top, bool refit) {
 
 }  // namespace
 
-void syncCommonValues(wxWindow& widget, const Control& control) {
-  if (widget.IsThisEnabled() != control.Enabled.get()) widget.Enable(control.Enabled);
-  if (widget.IsShown() != control.Visible.get()) {
+bool syncCommonValues(wxWindow& widget, const Control& control) {
+  const bool turns = widget.IsThisEnabled() != control.Enabled.get();
+  if (turns) widget.Enable(control.Enabled);
+  const bool moves = widget.IsShown() != control.Visible.get();
+  if (moves) {
     widget.Show(control.Visible);
     layoutSoon(widget, true);
   }
@@ -85,6 +87,7 @@ void syncCommonValues(wxWindow& widget, const Control& control) {
   if (widget.GetToolTipText() != tip) widget.SetToolTip(tip);
   setPointer(widget, control.MousePointer);
   showBackColour(widget, control.BackColor);
+  return turns || moves;
 }
 
 void showCaption(wxWindow& widget, const std::string& caption) {

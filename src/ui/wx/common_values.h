@@ -10,8 +10,9 @@ class wxWindow;
 /// What all binders share.
 namespace varnhold::ui::wx {
 
-/// Shows on the widget what every control has: enabled, visible, tool tip, pointer, back colour.
-void syncCommonValues(wxWindow& widget, const Control& control);
+/// Shows on the widget what every control has: enabled, visible, tool tip, pointer, back colour. True when
+/// the widget was enabled or disabled, or came or went, by it.
+bool syncCommonValues(wxWindow& widget, const Control& control);
 
 /// Shows the caption on the widget, which takes the room it needs.
 void showCaption(wxWindow& widget, const std::string& caption);

@@ -6,6 +6,7 @@
 #include "ui/wx/acts.h"
 #include "ui/wx/common_values.h"
 #include "ui/wx/icons.h"
+#include "ui/wx/keyboard_focus.h"
 #include "ui/wx/keys.h"
 #include "ui/wx/menus.h"
 #include "ui/wx/tab_order.h"
@@ -59,7 +60,11 @@ WxFormWindow::~WxFormWindow() {
 
 void WxFormWindow::bury() {
   menus_.reset();
-  if (frame_) toolkit_.bury(*frame_);
+  if (frame_) {
+    // It is there for a while yet, and is told when it goes.
+    frame_->Unbind(wxEVT_ACTIVATE, &WxFormWindow::activated, this);
+    toolkit_.bury(*frame_);
+  }
   frame_ = nullptr;
 }
 
@@ -76,6 +81,7 @@ void WxFormWindow::build(wxTopLevelWindow* owner) {
   sizer->Add(inside_, wxSizerFlags(1).Expand());
   frame_->SetSizerAndFit(sizer);
   shownSize_ = {};
+  wasActive_ = false;
   sync();
   frame_->CentreOnParent();
   listen();
@@ -87,6 +93,7 @@ void WxFormWindow::listen() {
     post([this] { form_.userClose(); });
   });
   frame_->Bind(wxEVT_CHAR_HOOK, &WxFormWindow::keyDown, this);
+  frame_->Bind(wxEVT_ACTIVATE, &WxFormWindow::activated, this);
   const auto resized = [this](wxEvent& event) {
     event.Skip();
     reportSizeSoon();
@@ -103,6 +110,15 @@ void WxFormWindow::listen() {
 void WxFormWindow::post(std::function<void()> act) {
   acts().post([life = std::weak_ptr<int>(life_), act = std::move(act)] {
     if (!life.expired()) act();
+  });
+}
+
+void WxFormWindow::activated(wxActivateEvent& event) {
+  event.Skip();
+  // When it comes up the form gives the focus by itself.
+  if (!event.GetActive() || !std::exchange(wasActive_, true)) return;
+  post([this] {
+    if (frame_) keepKeysHeard(*frame_, form_, nullptr);
   });
 }
 

@@ -9,6 +9,7 @@
 #include "ui/controls/toolkit.h"
 #include "ui/wx/views.h"
 
+class wxActivateEvent;
 class wxDialog;
 class wxTopLevelWindow;
 class wxKeyEvent;
@@ -44,6 +45,7 @@ class WxFormWindow : public FormWindow {
   void build(wxTopLevelWindow* owner);
   void listen();
   void bury();
+  void activated(wxActivateEvent& event);
   void keyDown(wxKeyEvent& event);
   [[nodiscard]] bool answersMnemonic(char32_t letter) const;
   void post(std::function<void()> act);
@@ -65,6 +67,7 @@ class WxFormWindow : public FormWindow {
   // What the window was last made to show, so that only what the form has changed since is set again.
   Size shownSize_;
   bool sizeReportPending_ = false;
+  bool wasActive_ = false;
   bool painted_ = false;
   std::shared_ptr<int> life_ = std::make_shared<int>();
 };

@@ -37,6 +37,21 @@ TEST_F(OptionsTest, OnlyACustomConfigurationHasAFile) {
   });
 }
 
+TEST_F(OptionsTest, BackAndBrowseHaveOneMnemonicThatPressesNeither) {
+  show(1, 1, [this] {
+    turnTo(6);
+    targets.optConfig(1).userClick();
+    for (const auto* const button : {&targets.cmdBrowse, &targets.cmdBack, &targets.cmdBrowse}) {
+      targets.userMnemonic('b');
+      EXPECT_EQ(targets.ActiveControl(), button);
+    }
+    EXPECT_EQ(targets.CurrentPage, 6);
+    targets.optConfig(0).userClick();
+    targets.userMnemonic('b');
+    EXPECT_NE(targets.CurrentPage, 6) << "the only one that can be reached is pressed";
+  });
+}
+
 TEST_F(OptionsTest, BrowseTakesTheFileAndGoesBackToTheProgramsFolder) {
   show(1, 1, [this] {
     turnTo(6);

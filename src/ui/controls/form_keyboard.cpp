@@ -1,5 +1,6 @@
 // The keyboard on a form: the focus, Enter and Escape, shortcuts, mnemonics.
 #include <algorithm>
+#include <iterator>
 
 #include "base/unicode.h"
 #include "ui/controls/caption.h"
@@ -24,6 +25,16 @@ std::string shortcutName(int key, int modifiers) {
   }
   const bool isLetterOrDigit = (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
   return isLetterOrDigit && (modifiers & kControl) != 0 ? name + static_cast<char>(key) : std::string();
+}
+
+/// Nobody can know which of the controls that share a mnemonic is meant: it presses none of them, as with the
+/// hosts' own dialogs. A label, which can't have the focus, sends it on.
+void focusByMnemonic(Control& owner) {
+  if (owner.takesFocus()) {
+    owner.userFocus();
+  } else {
+    owner.userMnemonic();
+  }
 }
 
 }  // namespace
@@ -104,17 +115,22 @@ void Form::userKeyDown(int key, int modifiers) {
 void Form::userMnemonic(char32_t letter) {
   const auto wanted = upperCase(letter);
   const auto answers = [&](const Control* control) {
-    return control->isReachable() && mnemonicOf(control->mnemonicText()) == wanted;
+    // A menu's mnemonic is the toolkit's to answer.
+    return dynamic_cast<const MenuItem*>(control) == nullptr && control->isReachable() &&
+           mnemonicOf(control->mnemonicText()) == wanted;
   };
   // From the control behind the focused one to the end, then from the top.
   const auto middle = active_ == nullptr ? controls_.begin()
                                          : std::next(std::find(controls_.begin(), controls_.end(), active_));
-  auto found = std::find_if(middle, controls_.end(), answers);
-  if (found == controls_.end()) {
-    found = std::find_if(controls_.begin(), middle, answers);
-    if (found == middle) return;
+  std::vector<Control*> owners;
+  std::copy_if(middle, controls_.end(), std::back_inserter(owners), answers);
+  std::copy_if(controls_.begin(), middle, std::back_inserter(owners), answers);
+  if (owners.empty()) return;
+  if (owners.size() == 1) {
+    owners.front()->userMnemonic();
+  } else {
+    focusByMnemonic(*owners.front());
   }
-  (*found)->userMnemonic();
 }
 
 }  // namespace varnhold::ui

@@ -11,6 +11,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+using Seen = std::vector<std::string>;
+
 class KeysForm : public RecordingForm {
  public:
   KeysForm(fakes::ScriptedUi& ui, fakes::Journal& journal) : RecordingForm(ui, journal, "frmKeys") {
@@ -32,7 +34,7 @@ class KeysForm : public RecordingForm {
   Frame fraMore{"More"};
   TextBox txtAccount;
   CheckBox chkMore{"&More"};
-  std::vector<std::string> seen;
+  Seen seen;
 };
 
 class Keyboard : public UiTest {
@@ -156,15 +158,33 @@ TEST_F(Keyboard, AnswersAMnemonicAsItsControlDoes) {
   EXPECT_THAT(form.seen, IsEmpty());
 }
 
-TEST_F(Keyboard, AnswersAMnemonicBehindTheFocusedControlFirst) {
+TEST_F(Keyboard, MovesTheFocusAmongThoseThatShareAMnemonicAndPressesNone) {
   form.cmdCancel.Caption = "&More";
-  form.cmdCancel.SetFocus();
+  for (const auto& seen :
+       {Seen{"-txtName", "+cmdCancel"}, Seen{"-cmdCancel", "+chkMore"}, Seen{"-chkMore", "+cmdCancel"}}) {
+    form.seen.clear();
+    form.userMnemonic('m');
+    EXPECT_EQ(form.seen, seen) << "the next in tab order, the first behind the last";
+  }
   form.seen.clear();
-  form.userMnemonic('m');
-  EXPECT_THAT(form.seen, ElementsAre("-cmdCancel", "+chkMore", "more"));
+  form.userKeyDown(kKeyReturn);
+  EXPECT_THAT(form.seen, ElementsAre("Cancel")) << "Enter presses the focused one";
+}
+
+TEST_F(Keyboard, CountsALabelAmongThoseThatShareAMnemonic) {
+  form.cmdOK.Caption = "&Apply";
+  form.userMnemonic('a');
+  EXPECT_THAT(form.seen, ElementsAre("-txtName", "+cmdOK"));
   form.seen.clear();
+  form.userMnemonic('a');
+  EXPECT_THAT(form.seen, ElementsAre("-cmdOK", "+txtAccount"));
+}
+
+TEST_F(Keyboard, DoesNotCountWhomNobodyCanReachAmongThoseThatShareAMnemonic) {
+  form.cmdCancel.Caption = "&More";
+  form.fraMore.Enabled = false;
   form.userMnemonic('m');
-  EXPECT_THAT(form.seen, ElementsAre("-chkMore", "+cmdCancel", "Cancel"));
+  EXPECT_THAT(form.seen, ElementsAre("-txtName", "+cmdCancel", "Cancel"));
 }
 
 TEST_F(Keyboard, TakesNoKeysUnderAModalForm) {

@@ -1,7 +1,10 @@
 // The selection page: which computers of a group can be picked, and how rows move between its two lists.
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
+#include <vector>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -71,6 +74,64 @@ ui::ListItem& addRow(ui::ListView& list, const ui::ListItem& source) {
   row.Tag = source.Tag.get();
   return row;
 }
+
+/// Leaves only these rows, none of them selected. Taken out one at a time, each of many would cost all that
+/// stand behind it; filled anew, the list costs every row once.
+void leaveOnly(ui::ListView& list, const std::vector<const ui::ListItem*>& rows) {
+  std::vector<std::pair<std::string, std::string>> left;
+  left.reserve(rows.size());
+  for (const auto* const row : rows) left.emplace_back(row->Text.get(), row->Tag.get());
+  list.ListItems.Clear();
+  for (const auto& [text, tag] : left) list.ListItems.Add(text).Tag = tag;
+}
+
+/// The passes of `cmdAdd_Click` over the rows of a list, which stays as it is until they are done.
+class AddPasses {
+ public:
+  AddPasses(const ui::ListView& from, const ui::ListView& to) : names_(to) {
+    for (const auto& row : from.ListItems) rows_.push_back(&row);
+    if (const auto focused = from.SelectedItem()) focused_ = &*focused;
+  }
+
+  /// Whether it moved a row. The row that moves up after a removal is passed over, deliberately: a later pass
+  /// catches it, and the chosen rows stand in the order in which they were caught.
+  bool run() {
+    Rows kept;
+    const auto before = taken_.size();
+    for (std::size_t k = 0; k < rows_.size(); ++k) {
+      if (!rows_[k]->Selected || !names_.add(rows_[k]->Text)) {
+        kept.push_back(rows_[k]);
+        continue;
+      }
+      const auto* const gone = rows_[k];
+      taken_.push_back(gone);
+      if (++k < rows_.size()) kept.push_back(rows_[k]);
+      // The focus goes to the row that takes the place, or to the last one.
+      if (focused_ == gone) focused_ = kept.empty() ? nullptr : kept.back();
+    }
+    rows_ = std::move(kept);
+    return taken_.size() > before;
+  }
+
+  using Rows = std::vector<const ui::ListItem*>;
+  /// The rows that are left, and those that were taken, in their order.
+  [[nodiscard]] const Rows& rows() const { return rows_; }
+  [[nodiscard]] const Rows& taken() const { return taken_; }
+  [[nodiscard]] int left() const { return static_cast<int>(rows_.size()); }
+  [[nodiscard]] bool isSelected(int place) const {
+    return rows_[static_cast<std::size_t>(place) - 1]->Selected;
+  }
+  /// From 1; 0 for no row.
+  [[nodiscard]] int focusedPlace() const {
+    const auto found = std::find(rows_.begin(), rows_.end(), focused_);
+    return found == rows_.end() ? 0 : static_cast<int>(found - rows_.begin()) + 1;
+  }
+
+ private:
+  Rows rows_, taken_;
+  const ui::ListItem* focused_ = nullptr;
+  Names names_;
+};
 
 }  // namespace
 
@@ -156,34 +217,28 @@ void frmTargets::offerGroup(const std::string& group) {
 void frmTargets::cmdAdd_Click() {
   if (!lvSelect.SelectedItem()) return;
   const ui::ListView::BulkUpdate updateSelect(lvSelect), updateSelected(lvSelected);
-  auto& rows = lvSelect.ListItems;
-  int restored = 0;
-  for (int i = rows.Count(); i != 0;) {
-    if (!rows(i).Selected) {
-      --i;
-      continue;
-    }
-    const auto focused = lvSelect.SelectedItem();
-    restored = focused ? focused->Index() : 0;
-    const int left = moveSelectedRows();
-    i = left > 0 && left < i ? left : i - 1;
-  }
-  if (restored > 0) restoreSelection(restored);
+  if (const int restored = moveSelectedRows(); restored > 0) restoreSelection(restored);
   if (lvSelected.ListItems.Count() > 0) cmdNext.Enabled = true;
 }
 
-/// One pass. The row that moves up after a removal is passed over, deliberately: a later pass catches it, and
-/// the chosen rows stand in the order in which they were caught. How many rows are left.
+/// Moves what is selected. Where the focused row stood before the last pass, from 1; 0 where there was none.
 int frmTargets::moveSelectedRows() {
-  auto& rows = lvSelect.ListItems;
-  Names selected(lvSelected);
-  for (int k = 1; k <= rows.Count(); ++k) {
-    auto& row = rows(k);
-    if (!row.Selected || !selected.add(row.Text)) continue;
-    addRow(lvSelected, row);
-    rows.Remove(k);
+  AddPasses passes(lvSelect, lvSelected);
+  int restored = 0;
+  for (int i = passes.left(); i != 0;) {
+    if (!passes.isSelected(i)) {
+      --i;
+      continue;
+    }
+    restored = passes.focusedPlace();
+    // A pass that moves nothing leaves all as it was, and so would every later one.
+    if (!passes.run()) break;
+    i = passes.left() > 0 && passes.left() < i ? passes.left() : i - 1;
   }
-  return rows.Count();
+  if (passes.taken().empty()) return restored;
+  for (const auto* const row : passes.taken()) addRow(lvSelected, *row);
+  leaveOnly(lvSelect, passes.rows());
+  return restored;
 }
 
 void frmTargets::restoreSelection(int position) {
@@ -203,9 +258,11 @@ void frmTargets::cmdRemove_Click() {
   {
     const ui::ListView::BulkUpdate update(lvSelected);
     auto& rows = lvSelected.ListItems;
-    for (int i = rows.Count(); i > 0; --i) {
-      if (rows(i).Selected) rows.Remove(i);
+    std::vector<const ui::ListItem*> left;
+    for (const auto& row : rows) {
+      if (!row.Selected) left.push_back(&row);
     }
+    leaveOnly(lvSelected, left);
     if (rows.Count() > 0) rows(rows.Count() >= remembered ? remembered : 1).Selected = true;
   }
   // What was freed comes back by the rules, not as the rows that went.

@@ -11,8 +11,8 @@
 namespace varnhold::ui::wx {
 namespace {
 
-// A selection that differs in more rows than this is made anew.
-constexpr std::size_t kFewDifferences = 1000;
+// So many rows are selected in one turn of the event loop: a GtkTreeView marks each by itself.
+constexpr std::size_t kRowsOfATurn = 1000;
 constexpr int kTallestHead = 80, kPictureSpace = 22, kLeastWidth = 120,
               kLeastHeight = 80;  // at 100 %, in pixels
 
@@ -22,6 +22,18 @@ wxDataViewItem itemOf(int row) {
 
 int rowOf(const wxDataViewItem& item) {
   return static_cast<int>(wxPtrToUInt(item.GetID()));
+}
+
+std::vector<int> without(const std::vector<int>& rows, const std::vector<int>& gone) {
+  std::vector<int> left;
+  std::set_difference(rows.begin(), rows.end(), gone.begin(), gone.end(), std::back_inserter(left));
+  return left;
+}
+
+std::vector<int> united(const std::vector<int>& rows, const std::vector<int>& more) {
+  std::vector<int> all;
+  std::set_union(rows.begin(), rows.end(), more.begin(), more.end(), std::back_inserter(all));
+  return all;
 }
 
 /// The list on GTK. Its data view is a GtkTreeView, whose rows assistive clients read.
@@ -45,7 +57,7 @@ class DataViewList : public wxDataViewCtrl, public ListWidget {
     return GetColumn(static_cast<unsigned>(column) - 1)->GetWidth();
   }
   void showSortArrow(int column, bool ascending) override;
-  void showRows(int count) override { model_->show(count); }
+  void showRows(int count) override;
   RowSelection selection() const override;
   void showSelection(const RowSelection& from, const RowSelection& to) override;
   void reveal(int row) override { EnsureVisible(itemOf(row)); }
@@ -53,7 +65,13 @@ class DataViewList : public wxDataViewCtrl, public ListWidget {
 
  private:
   void makeColumns();
-  void showDifferences(const std::vector<int>& from, const std::vector<int>& to);
+  [[nodiscard]] std::vector<int> rowsMarked() const;
+  void markSeen(std::vector<int>& rows, bool selected);
+  void markSome(std::vector<int>& rows, bool selected, std::size_t most);
+  void markOfATurn();
+  void extendFromFocus();
+  [[nodiscard]] bool isMarking() const { return !toSelect_.empty() || !toUnselect_.empty(); }
+  void selectedByUser();
   void listenToMouse();
   [[nodiscard]] ListPlace placeAt(wxPoint belowHeads) const;
   [[nodiscard]] ListPlace placeIn(int row, int x) const;
@@ -66,13 +84,25 @@ class DataViewList : public wxDataViewCtrl, public ListWidget {
   ListNotices notices_;
   std::vector<wxString> heads_;
   std::vector<int> widths_;
+  // The selection that was to be shown, and which of its rows and of the others are still to be marked.
+  std::vector<int> wanted_, toSelect_, toUnselect_;
   int arrow_ = 0;
   bool arrowAscends_ = true;
 };
 
 void DataViewList::listen(ListNotices notices) {
   notices_ = std::move(notices);
-  Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { notices_.selectionMoved(); });
+  Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
+    selectedByUser();
+    notices_.selectionMoved();
+  });
+  Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+    event.Skip();
+    if (!isMarking()) return;
+    markOfATurn();
+    extendFromFocus();
+    event.RequestMore(isMarking());
+  });
   Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED,
        [this](const wxDataViewEvent& event) { notices_.activated(rowOf(event.GetItem())); });
   Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK,
@@ -146,41 +176,93 @@ void DataViewList::showSortArrow(int column, bool ascending) {
   arrowAscends_ = ascending;
 }
 
+void DataViewList::showRows(int count) {
+  toSelect_.clear();
+  toUnselect_.clear();
+  model_->show(count);
+}
+
 RowSelection DataViewList::selection() const {
-  wxDataViewItemArray items;
-  GetSelections(items);
   RowSelection selected;
-  for (const auto& item : items) selected.rows.push_back(rowOf(item));
+  selected.rows = united(without(rowsMarked(), toUnselect_), toSelect_);
   selected.focused = rowOf(GetCurrentItem());
   return selected;
 }
 
+std::vector<int> DataViewList::rowsMarked() const {
+  wxDataViewItemArray items;
+  GetSelections(items);
+  std::vector<int> rows;
+  for (const auto& item : items) rows.push_back(rowOf(item));
+  return rows;
+}
+
 void DataViewList::showSelection(const RowSelection& from, const RowSelection& to) {
   if (to.rows != from.rows) {
-    if (to.rows.empty()) {
-      UnselectAll();
-    } else if (severalRows_ && to.rows.size() == model_->GetCount()) {
-      SelectAll();
-    } else {
-      showDifferences(from.rows, to.rows);
-    }
+    const auto marked = isMarking() ? rowsMarked() : from.rows;
+    wanted_ = to.rows;
+    toSelect_ = without(to.rows, marked);
+    toUnselect_ = without(marked, to.rows);
+    markOfATurn();
+    wxWakeUpIdle();
   }
   // In a list of one selection, the data view takes the selected row for the focused one.
   if (!severalRows_ || to.focused == 0 || to.focused == rowOf(GetCurrentItem())) return;
   SetCurrentItem(itemOf(to.focused));
 }
 
-void DataViewList::showDifferences(const std::vector<int>& from, const std::vector<int>& to) {
-  std::vector<int> gone, come;
-  std::set_difference(from.begin(), from.end(), to.begin(), to.end(), std::back_inserter(gone));
-  std::set_difference(to.begin(), to.end(), from.begin(), from.end(), std::back_inserter(come));
-  if (gone.size() > kFewDifferences) {
-    UnselectAll();
-    gone.clear();
-    come = to;
+// What is seen comes first, wherever the list has been scrolled to by now.
+void DataViewList::markOfATurn() {
+  markSeen(toUnselect_, false);
+  markSeen(toSelect_, true);
+  const auto gone = std::min(toUnselect_.size(), kRowsOfATurn);
+  markSome(toUnselect_, false, gone);
+  markSome(toSelect_, true, kRowsOfATurn - gone);
+}
+
+void DataViewList::markSeen(std::vector<int>& rows, bool selected) {
+  if (rows.empty()) return;
+  const int top = rowOf(GetTopItem());
+  const auto first = std::lower_bound(rows.begin(), rows.end(), top);
+  const auto last = std::upper_bound(first, rows.end(), top + GetCountPerPage());
+  std::vector<int> seen(first, last);
+  rows.erase(first, last);
+  markSome(seen, selected, seen.size());
+}
+
+void DataViewList::markSome(std::vector<int>& rows, bool selected, std::size_t most) {
+  for (std::size_t left = std::min(most, rows.size()); left > 0; --left) {
+    const auto item = itemOf(rows.back());
+    rows.pop_back();
+    if (selected) {
+      Select(item);
+    } else {
+      Unselect(item);
+    }
   }
-  for (const int row : gone) Unselect(itemOf(row));
-  for (const int row : come) Select(itemOf(row));
+}
+
+// A GtkTreeView takes the row that was marked last for the one that Shift extends from.
+void DataViewList::extendFromFocus() {
+  const auto focused = GetCurrentItem();
+  if (!severalRows_ || !focused.IsOk()) return;
+  if (IsSelected(focused)) {
+    Unselect(focused);
+    Select(focused);
+  } else {
+    Select(focused);
+    Unselect(focused);
+  }
+}
+
+// A click with Ctrl, or an assistive client, turns one row over; the others stay what they are to become. All
+// else makes a selection of its own.
+void DataViewList::selectedByUser() {
+  if (!isMarking()) return;
+  const auto expected = united(without(wanted_, toSelect_), toUnselect_), marked = rowsMarked();
+  if (without(marked, expected).size() + without(expected, marked).size() <= 1) return;
+  toSelect_.clear();
+  toUnselect_.clear();
 }
 
 ListPlace DataViewList::placeIn(int row, int x) const {

@@ -57,7 +57,8 @@ class ListWidget {
   virtual void showRows(int count) = 0;
 
   [[nodiscard]] virtual RowSelection selection() const = 0;
-  /// Turns the selection `from`, which it has, into `to`.
+  /// Turns the selection `from`, which it has, into `to`. Where very many rows differ a host may mark those
+  /// that are not seen in later turns of the event loop; `selection` tells of them as if they were marked.
   virtual void showSelection(const RowSelection& from, const RowSelection& to) = 0;
   virtual void reveal(int row) = 0;
   /// Where a menu for the row comes up, in the widget's own coordinates; for row 0, one for the list.

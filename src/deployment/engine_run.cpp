@@ -21,10 +21,6 @@ constexpr const char* kAgentService = "Varnhold Agent";
 constexpr std::int32_t kNotRegistered = -1;
 constexpr std::int32_t kStandardMode = 1, kHighPerformanceMode = 5, kAgentlessMode = 0;
 
-Product chosenProduct(const frmTargets& form) {
-  return form.optClient(0).Value ? Product::Varnhold : Product::Tessmark;
-}
-
 }  // namespace
 
 void WizardRunScreen::pumpEvents() {
@@ -44,7 +40,7 @@ bool passesGate(std::span<const GateTerm> terms, Product product, std::string_vi
 }
 
 EngineRun::EngineRun(core::Program& program, frmTargets& form, ErrorPolicy policy)
-    : program_(program), form_(form), screen_(form), policy_(policy), product_(chosenProduct(form)) {
+    : program_(program), form_(form), screen_(form), policy_(policy) {
   command_.ActiveConnection = &program.gConn;
 }
 
@@ -81,8 +77,6 @@ void EngineRun::beginProgress() {
 
 void EngineRun::askForLogin() {
   step([&] { form_.login().ShowModal(&form_); });
-  // Its end has activated the form, which shows its page and the page's buttons.
-  form_.showRunScreen();
 }
 
 void EngineRun::workDownRows(const std::function<bool()>& work) {
@@ -213,7 +207,7 @@ platform::ThreadHandle EngineRun::startJob() {
 
 JobChoices EngineRun::choices() const {
   return {.Operation = form_.Operation,
-          .optClient0 = product_ == Product::Varnhold,
+          .optClient0 = form_.optClient(0).Value,
           .chkCopyRemedialActionScripts = form_.chkCopyRemedialActionScripts.Value,
           .chkUpgradeRemedialActionScripts = form_.chkUpgradeRemedialActionScripts.Value,
           .optWinDom = form_.optWinDom.Value,
@@ -248,12 +242,17 @@ void EngineRun::showProgress() {
 void EngineRun::keepPagesAway() {
   form_.frePath.Visible = false;
   disableButtons();
+  form_.cmdBack.Enabled = form_.cmdNext.Enabled = false;
   form_.Refresh();
   pumpEvents();
 }
 
 void EngineRun::setPointer(ui::Pointer pointer) {
   form_.screen().MousePointer = pointer;
+}
+
+Product EngineRun::product() const {
+  return form_.optClient(0).Value ? Product::Varnhold : Product::Tessmark;
 }
 
 std::int32_t EngineRun::agentMode() const {

@@ -133,11 +133,12 @@ class EngineRun {
   void disableButtons();
   /// `freMain` in front, with the progress bar.
   void showProgress();
-  /// No page may come up over the run: a prompt that went away has activated the form, which shows its page.
+  /// No page may come up over the run, and no button lead to one: a prompt that went away has activated the
+  /// form, which shows its page.
   void keepPagesAway();
   void setPointer(ui::Pointer pointer);
 
-  [[nodiscard]] Product product() const { return product_; }
+  [[nodiscard]] Product product() const;
   [[nodiscard]] bool isAgentless() const { return form_.OptAgentless.Value; }
   [[nodiscard]] bool isHighPerformance() const { return form_.chkHPMode.Value != 0; }
   /// 0 for agentless, else 1 in every mode: 5 waits for a check box that holds -1, which none ever does,
@@ -166,7 +167,6 @@ class EngineRun {
   [[nodiscard]] bool hasAgentRow(const std::string& filter) const;
 
   const ErrorPolicy policy_;
-  const Product product_;  ///< as it is when the run begins: a prompt's end chooses the first one again
   const ResumeNext next_;
   store::Command command_;
   std::int32_t step_ = 0, target_ = 0;

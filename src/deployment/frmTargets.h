@@ -172,8 +172,6 @@ class frmTargets : public ui::Form {
   [[nodiscard]] std::int32_t ShowRemedialDialogBox();
   /// Writes the agentless options to the registry; see the function of that name.
   void SavePollingSettings();
-  /// Shows the list of a run alone, and leaves no button but Cancel: for as long as an engine runs.
-  void showRunScreen();
 
  private:
   void designPages();
@@ -231,6 +229,7 @@ class frmTargets : public ui::Form {
   [[nodiscard]] bool mayRun();
   [[nodiscard]] bool validateAgentlessOptions();
   void listPathSystems();
+  void showRunScreen();
   void runEngine();
   void showResultScreen();
   void showOutcome();

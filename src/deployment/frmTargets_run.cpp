@@ -41,6 +41,8 @@ void frmTargets::wireRun() {
 }
 
 void frmTargets::cmdInstall_Click() {
+  // The prompt of a run shows the page anew, this button too; there is one run at a time.
+  if (RunBusy) return;
   const bool hasSystems = lvSystems.ListItems.Count() > 0 || lvSelected.ListItems.Count() > 0;
   if (cmdInstall.Caption == kFinish || !hasSystems) {
     Unload();

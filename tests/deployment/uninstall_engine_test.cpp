@@ -210,21 +210,6 @@ TEST_F(UninstallEngine, ForTheTessmarkAgentTakesOtherStatusesAndAnotherRow) {
   EXPECT_THAT(jobs("qrvCUninstall"), Each(HasSubstr(R"(] C:\TESSMARK\remins -> )")));
 }
 
-TEST_F(UninstallEngine, TakesTheProductThatWasChosenBeforeThePromptShowsThePagesAnew) {
-  chooseTessmark();
-  addComputer("HOST1", "Tracking Changes & Events");
-  inventory.addAgent("HOST1", 2);
-  ui.nextModal("frmLogin", [this](ui::Form&) {
-    targets.optClient(0).Value.settle(true);
-    frmLogin.LoginAccepted = true;
-    frmLogin.CmdCancel.userClick();
-  });
-  run();
-  EXPECT_THAT(jobs("qrvCUninstall"), ElementsAre(HasSubstr(R"(] C:\TESSMARK\remins -> )")));
-  EXPECT_THAT(changes(),
-              ElementsAre("SQL: DELETE FROM Module_Table WHERE System_Name = 'HOST1' AND Module_ID = 2"));
-}
-
 TEST_F(UninstallEngine, PassesOnWhetherSnapshotsAreKept) {
   for (const auto* tag : {"1", "2", ""}) {
     addAgentless("HOST" + std::string(tag));

@@ -70,6 +70,38 @@ TEST_F(MovesTest, InstallFromTheListBeginsOnPage2AndGoesBackToPage1) {
   show(1, 2, [this] { EXPECT_EQ(forwards(), "3 5"); });
 }
 
+/// The pop-up menus of the list and of the tree fill the run list, and the selection for an install alone.
+TEST_F(MovesTest, UninstallFromAPopUpMenuBeginsOnPage2AndFindsNoSelectionOnPage1) {
+  targets.Load();
+  addRow("HOST1", "Managed - Standard Mode");
+  show(2, 2, [this] {
+    EXPECT_EQ(forwards(), "3 4");
+    EXPECT_EQ(backwards(), "3 1");
+    EXPECT_FALSE(targets.cmdNext.Enabled);
+  });
+  onlyVarnhold();
+  show(2, 2, [this] {
+    EXPECT_EQ(forwards(), "");
+    EXPECT_TRUE(targets.cmdInstall.Enabled);
+  });
+}
+
+TEST_F(MovesTest, UpgradeFromAPopUpMenuBeginsOnPage2AndFindsNoSelectionOnPage1) {
+  for (const bool both : {true, false}) {
+    if (!both) onlyVarnhold();
+    targets.Load();
+    addRow("HOST1", "Managed - Standard Mode");
+    fake.journal.clear();
+    show(3, 2, [&] {
+      EXPECT_EQ(forwards(), "5");
+      EXPECT_EQ(backwards(), both ? "4 2 1" : "2 1");
+      targets.cmdNext.userClick();
+      EXPECT_EQ(targets.CurrentPage, 1);
+    });
+    EXPECT_THAT(boxes(), ElementsAre("MessageBox exclamation: No computer selected."));
+  }
+}
+
 TEST_F(MovesTest, UninstallWithOneProductEndsOnPage2) {
   onlyVarnhold();
   showSelected(2, [this] {

@@ -60,6 +60,7 @@ TEST_F(OptionsTest, BrowseTakesTheFileAndGoesBackToTheProgramsFolder) {
     fake.journal.clear();
     targets.cmdBrowse.userClick();
     EXPECT_EQ(targets.txtTemplate.Text, R"(D:\configs\web.ini)");
+    EXPECT_TRUE(targets.optConfig(1).Value) << "a dialog of the host activates nothing";
     EXPECT_THAT(fake.journal,
                 ElementsAre("OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini|*.ini -> "
                             R"(D:\configs\web.ini)",

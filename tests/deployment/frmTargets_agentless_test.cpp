@@ -1,4 +1,5 @@
-// An agentless install from its page to its run: what becomes of the account that the page shows.
+// The page of the agentless options, and an install from it: what becomes of the account that it shows.
+#include "core/registry_values.h"
 #include "tests/deployment/wizard_fixture.h"
 
 namespace varnhold::deployment {
@@ -13,6 +14,67 @@ constexpr const char* kComplete =
 /// The page has opened two handles before.
 constexpr const char* kChanged = R"(ChangeServiceConfig 4 16 -1 -1 CORP\svc -> 0)";
 
+/// The page of the agentless options.
+class AgentlessPageTest : public WizardTest {
+ protected:
+  AgentlessPageTest() { fake.registry.makeKey(core::kAgentKey); }
+  void showOptions(const std::function<void()>& script) {
+    show(1, 2, [&] {
+      targets.OptAgentless.Value = true;
+      turnTo(5);
+      script();
+    });
+  }
+  void store(const char* frequency, const char* start) {
+    fake.registry.setText(core::kAgentKey, "gPollingFreq", frequency);
+    fake.registry.setText(core::kAgentKey, "gPollStartTime", start);
+  }
+};
+
+TEST_F(AgentlessPageTest, AsksForPollingAndAnAccountInPlaceOfAPath) {
+  showOptions([this] {
+    EXPECT_EQ(targets.lblPathInfo.Caption, "Select the polling frequency :");
+    EXPECT_TRUE(targets.picPolling.Visible);
+    EXPECT_TRUE(targets.picAccount.Visible);
+    EXPECT_TRUE(targets.cmdEditAccount.Visible);
+    EXPECT_TRUE(targets.cmdEditAccount.Enabled);
+    EXPECT_FALSE(targets.txtPathVHW.Visible || targets.txtPathTKW.Visible);
+  });
+}
+
+TEST_F(AgentlessPageTest, ShowsAnHourAndMidnightWhereNothingIsStored) {
+  showOptions([this] {
+    EXPECT_EQ(targets.cboPollFreq.Text, "1 hour");
+    EXPECT_EQ(targets.txtStartHour.Text, "00");
+    EXPECT_EQ(targets.txtStartMin.Text, "00");
+  });
+}
+
+TEST_F(AgentlessPageTest, ShowsWhatIsStored) {
+  store("48:0", "6:5");
+  showOptions([this] {
+    EXPECT_EQ(targets.cboPollFreq.Text, "2 days");
+    EXPECT_EQ(targets.txtStartHour.Text, "06");
+    EXPECT_EQ(targets.txtStartMin.Text, "05");
+  });
+}
+
+TEST_F(AgentlessPageTest, ShowsAStoredHourOutsideTheListAsOneAndSavesItSo) {
+  store("13:0", "6:5");
+  showOptions([this] {
+    EXPECT_EQ(targets.cboPollFreq.Text, "1 hour");
+    targets.SavePollingSettings();
+    EXPECT_EQ(fake.registry.stored(core::kAgentKey, "gPollingFreq")->bytes.substr(0, 3), "1:0");
+    EXPECT_EQ(fake.registry.stored(core::kAgentKey, "gPollStartTime")->bytes.substr(0, 3), "6:5");
+  });
+}
+
+TEST_F(AgentlessPageTest, StoredMinutesOfAQuarterWinOverTheHours) {
+  store("24:15", "0:0");
+  showOptions([this] { EXPECT_EQ(targets.cboPollFreq.Text, "15 minutes"); });
+}
+
+/// From that page to the run.
 class AgentlessRunTest : public WizardTest {
  protected:
   AgentlessRunTest() {

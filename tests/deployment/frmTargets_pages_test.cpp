@@ -1,5 +1,4 @@
 // What the wizard's pages show, for each operation, with one product on this computer and with both.
-#include "core/registry_values.h"
 #include "tests/deployment/wizard_fixture.h"
 
 namespace varnhold::deployment {
@@ -219,6 +218,18 @@ TEST_F(PagesTest, Page2OfAnUpgradeLeavesTheLineBelowAlone) {
   });
 }
 
+TEST_F(PagesTest, TheLineBelowKeepsItsTextOnThePagesThatHaveNoneForIt) {
+  show(1, 2, [this] {
+    for (const int page : {3, 4, 5, 6, 7, 8}) {
+      turnTo(page);
+      EXPECT_TRUE(targets.lblProgress.Visible) << page;
+      EXPECT_EQ(targets.lblProgress.Caption, "Select '&Next >' to select Agent software(s).") << page;
+    }
+    turnTo(1);
+    EXPECT_FALSE(targets.lblProgress.Visible);
+  });
+}
+
 TEST_F(PagesTest, Page2OfAnUninstallTakesThePathsFromTheSelectionOrElseFromTheRunList) {
   targets.Load();
   addRow("FROM-RUN-LIST");
@@ -370,66 +381,6 @@ TEST_F(PagesTest, Page8LeavesTheAgentlessOptionAsItIs) {
     turnTo(8);
     EXPECT_FALSE(targets.OptAgentless.Visible);
   });
-}
-
-/// The page of the agentless options.
-class AgentlessPageTest : public PagesTest {
- protected:
-  AgentlessPageTest() { fake.registry.makeKey(core::kAgentKey); }
-  void showOptions(const std::function<void()>& script) {
-    show(1, 2, [&] {
-      targets.OptAgentless.Value = true;
-      turnTo(5);
-      script();
-    });
-  }
-  void store(const char* frequency, const char* start) {
-    fake.registry.setText(core::kAgentKey, "gPollingFreq", frequency);
-    fake.registry.setText(core::kAgentKey, "gPollStartTime", start);
-  }
-};
-
-TEST_F(AgentlessPageTest, AsksForPollingAndAnAccountInPlaceOfAPath) {
-  showOptions([this] {
-    EXPECT_EQ(targets.lblPathInfo.Caption, "Select the polling frequency :");
-    EXPECT_TRUE(targets.picPolling.Visible);
-    EXPECT_TRUE(targets.picAccount.Visible);
-    EXPECT_TRUE(targets.cmdEditAccount.Visible);
-    EXPECT_TRUE(targets.cmdEditAccount.Enabled);
-    EXPECT_EQ(those({&targets.txtPathVHW, &targets.txtPathTKW}, isVisible), "");
-  });
-}
-
-TEST_F(AgentlessPageTest, ShowsAnHourAndMidnightWhereNothingIsStored) {
-  showOptions([this] {
-    EXPECT_EQ(targets.cboPollFreq.Text, "1 hour");
-    EXPECT_EQ(targets.txtStartHour.Text, "00");
-    EXPECT_EQ(targets.txtStartMin.Text, "00");
-  });
-}
-
-TEST_F(AgentlessPageTest, ShowsWhatIsStored) {
-  store("48:0", "6:5");
-  showOptions([this] {
-    EXPECT_EQ(targets.cboPollFreq.Text, "2 days");
-    EXPECT_EQ(targets.txtStartHour.Text, "06");
-    EXPECT_EQ(targets.txtStartMin.Text, "05");
-  });
-}
-
-TEST_F(AgentlessPageTest, ShowsAStoredHourOutsideTheListAsOneAndSavesItSo) {
-  store("13:0", "6:5");
-  showOptions([this] {
-    EXPECT_EQ(targets.cboPollFreq.Text, "1 hour");
-    targets.SavePollingSettings();
-    EXPECT_EQ(fake.registry.stored(core::kAgentKey, "gPollingFreq")->bytes.substr(0, 3), "1:0");
-    EXPECT_EQ(fake.registry.stored(core::kAgentKey, "gPollStartTime")->bytes.substr(0, 3), "6:5");
-  });
-}
-
-TEST_F(AgentlessPageTest, StoredMinutesOfAQuarterWinOverTheHours) {
-  store("24:15", "0:0");
-  showOptions([this] { EXPECT_EQ(targets.cboPollFreq.Text, "15 minutes"); });
 }
 
 }  // namespace

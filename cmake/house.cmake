@@ -24,8 +24,7 @@ if(CCACHE)
 endif()
 
 if(VARNHOLD_SANITIZE)
-  # Lines and functions are all that a report needs of the debug information, which is a quarter of the build's time.
-  add_compile_options(-fsanitize=${VARNHOLD_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -O1 -g1)
+  add_compile_options(-fsanitize=${VARNHOLD_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -O1)
   add_link_options(-fsanitize=${VARNHOLD_SANITIZE})
 endif()
 if(VARNHOLD_FUZZ)

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/secret.h"
 #include "companion/agent_material.h"
 #include "companion/agent_product.h"
 #include "companion/remote_computer.h"
@@ -35,7 +36,8 @@ inline constexpr std::int32_t kHostInformationMissing = 3017;
 struct JobRecord {
   std::string systemName;
   std::string installDirectory;
-  std::string serviceUser, servicePassword;
+  std::string serviceUser;
+  Secret servicePassword;
   std::string configFile;
   std::int32_t agentMode = 0;
   bool agentless = false;

@@ -1,8 +1,10 @@
 #include "companion/include/qrvhost.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
+#include "base/secret.h"
 #include "companion/abi.h"
 #include "companion/accounts.h"
 #include "companion/host_view.h"
@@ -18,15 +20,27 @@ LabNetwork lab() {
   return LabNetwork(readSurroundings().labFolder);
 }
 
+/// A caller's strings, of which one may be a password.
+template <std::size_t Count>
+struct CallersTexts {
+  std::array<std::optional<std::string>, Count> all;
+
+  ~CallersTexts() {
+    for (auto& text : all)
+      if (text) wipe(*text);
+  }
+  [[nodiscard]] bool areWhole() const {
+    return std::all_of(all.begin(), all.end(), [](const auto& text) { return text.has_value(); });
+  }
+};
+
 /// Calls `action` with the arguments as text; kInvalidParameter when one is null or too long, or the call
 /// fails.
 template <typename Action, typename... Arguments>
 std::uint32_t call(Action action, const Arguments*... arguments) noexcept {
   return abi::guarded<std::uint32_t>(kInvalidParameter, [&]() -> std::uint32_t {
-    const std::optional<std::string> texts[] = {abi::text(arguments)...};
-    for (const auto& text : texts)
-      if (!text) return kInvalidParameter;
-    return action(texts);
+    const CallersTexts<sizeof...(arguments)> texts{{abi::text(arguments)...}};
+    return texts.areWhole() ? action(texts.all.data()) : kInvalidParameter;
   });
 }
 

@@ -47,14 +47,14 @@ std::optional<JobRecord> copyRecord(const QrvDeploymentJob& job) {
   const auto directory = abi::text(job.InstallDirectory);
   const auto keepSnapshots = abi::text(job.KeepSnapshots);
   const auto user = abi::text(job.ServiceUser);
-  const auto password = abi::text(job.ServicePassword);
+  auto password = abi::text(job.ServicePassword);
   const auto configFile = abi::text(job.ConfigFile);
   if (!name || !directory || !keepSnapshots || !user || !password || !configFile) return std::nullopt;
   JobRecord record;
   record.systemName = *name;
   record.installDirectory = *directory;
   record.serviceUser = *user;
-  record.servicePassword = *password;
+  record.servicePassword = Secret(std::move(*password));
   record.configFile = job.UseDefaultConfig != 0 ? "" : *configFile;
   record.agentMode = job.AgentMode;
   record.agentless = job.AgentKind == kAgentless;

@@ -3,6 +3,7 @@
 
 #include "console/forms.h"
 #include "core/program.h"
+#include "deployment/admin_shares.h"
 #include "platform/host_adapters.h"
 #include "startup/console_mode.h"
 #include "startup/mdMain.h"
@@ -20,6 +21,7 @@ int runWithConsole(platform::HostAdapters& adapters) {
   ui::Screen screen(toolkit, VARNHOLD_APP_TITLE);
   core::Program program(core::hostOf(adapters, screen), VARNHOLD_APP_TITLE);
   console::Forms forms(program, screen);
+  deployment::removeLeftBatchFile(program);
   return startup::runConsoleProcess(program, screen, forms);
 }
 

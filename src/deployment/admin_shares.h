@@ -18,4 +18,8 @@ void ConnectAdminShares(core::Program& program, RunScreen& screen, const std::st
 /// Disconnects C$ and then D$ in the same way.
 void DisconnectAdminShares(core::Program& program, RunScreen& screen, const std::string& systemName);
 
+/// Removes the batch file that a killed console has left, unless a console runs, whose it may be. Says
+/// nothing of a file that cannot be removed.
+void removeLeftBatchFile(core::Program& program);
+
 }  // namespace varnhold::deployment

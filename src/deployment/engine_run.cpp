@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/secret.h"
 #include "base/text.h"
 #include "core/program.h"
 #include "deployment/admin_shares.h"
@@ -45,6 +46,7 @@ EngineRun::EngineRun(core::Program& program, frmTargets& form, ErrorPolicy polic
 }
 
 void EngineRun::run(const std::function<void()>& steps) {
+  const WipedAtEnd wiped(job_.ServicePassword);
   setPointer(ui::Pointer::ArrowHourglass);
   form_.RunBusy = true;
   try {

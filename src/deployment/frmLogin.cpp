@@ -1,5 +1,6 @@
 #include "deployment/frmLogin.h"
 
+#include "base/secret.h"
 #include "core/program.h"
 #include "ui/controls/screen.h"
 
@@ -38,6 +39,7 @@ void frmLogin::cmdLogin_Click() {
   }
   program_.gLoginDomain = domain;
   program_.gLoginUser = user;
+  wipe(program_.gLoginPassword);
   program_.gLoginPassword = txtPassword.Text;
   program_.gLoginOK = LoginAccepted = true;
   Unload();
@@ -46,7 +48,7 @@ void frmLogin::cmdLogin_Click() {
 void frmLogin::CmdCancel_Click() {
   program_.gLoginDomain.clear();
   program_.gLoginUser.clear();
-  program_.gLoginPassword.clear();
+  wipe(program_.gLoginPassword);
   Unload();
 }
 

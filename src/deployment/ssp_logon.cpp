@@ -32,7 +32,9 @@ std::uint32_t longestToken(SecurityPackage& sspi) {
 }
 
 std::uint32_t characters(const std::string& text) {
-  return static_cast<std::uint32_t>(toUtf16(text).size());
+  auto wide = toUtf16(text);
+  const WipedAtEnd wiped(wide);
+  return static_cast<std::uint32_t>(wide.size());
 }
 
 SecWinntAuthIdentity identityOf(const std::string& user, const std::string& domain,

@@ -128,7 +128,7 @@ TEST_F(Install, RunsTheServiceUnderTheGivenAccount) {
   const auto host = lab_.addHost("WKS01");
   JobRecord record = jobFor("WKS01");
   record.serviceUser = R"(CORP\agent)";
-  record.servicePassword = "hidden word";
+  record.servicePassword = Secret("hidden word");
   ASSERT_EQ(lab_.install(record), 150);
   EXPECT_EQ(serviceOn(lab_, "WKS01").account, R"(CORP\agent)");
   for (const auto& [name, content] : snapshot(host))
@@ -141,10 +141,10 @@ TEST_F(Install, OnAComputerThatDemandsAnAccountNeedsItsShareConnectedOrCarriesTh
   JobRecord record = jobFor("WKS01");
   EXPECT_EQ(lab_.install(record), 154);
   record.serviceUser = R"(CORP\admin)";
-  record.servicePassword = "wrong";
+  record.servicePassword = Secret("wrong");
   EXPECT_EQ(lab_.install(record), 154);
   EXPECT_EQ(snapshot(host), before);
-  record.servicePassword = "secret";
+  record.servicePassword = Secret("secret");
   EXPECT_EQ(lab_.install(record), 150);
   record = jobFor("WKS01");
   EXPECT_EQ(lab_.uninstall(record), 154);

@@ -115,6 +115,26 @@ TEST_F(AdminShares, RaiseWithoutThePasswordWhenTheFileCannotBeMade) {
   EXPECT_THAT(fakes::linesOf(fake.journal, "ShellExecute"), IsEmpty());
 }
 
+TEST_F(AdminShares, LeaveNoFileOfAKilledConsoleToTheNextOne) {
+  constexpr const char* kLeft = R"(C:\VARNHOLD\RmTempLog.bat)";
+  fake.files.put(kLeft, "a password");
+  removeLeftBatchFile(program);
+  EXPECT_EQ(fake.files.content(kLeft), std::nullopt);
+  fake.files.refuse(kLeft, platform::FileOutcome::Refused);
+  removeLeftBatchFile(program);
+  EXPECT_THAT(fakes::linesOf(fake.journal, "MessageBox"), IsEmpty());
+}
+
+TEST_F(AdminShares, LeaveTheFileOfAConsoleThatRuns) {
+  constexpr const char* kOthers = R"(C:\VARNHOLD\RmTempLog.bat)";
+  fake.files.put(kOthers, "a password");
+  for (const std::string title : {"Varnhold - System Manager ", "Tessmark? Agent Manager "}) {
+    fake.desktop.windows = {{title, {}}};
+    removeLeftBatchFile(program);
+    EXPECT_NE(fake.files.content(kOthers), std::nullopt) << title;
+  }
+}
+
 TEST_F(AdminShares, KeepThePasswordToTheBatchFile) {
   ConnectAdminShares(program, screen, "HOST1");
   DisconnectAdminShares(program, screen, "HOST1");

@@ -1,5 +1,6 @@
 """The deployment wizard on real windows: installs, uninstalls and upgrades on the computers of a lab."""
 
+import stat
 import unittest
 
 import pyatspi
@@ -242,6 +243,46 @@ class Uninstalling(WizardTest):
         self.assertEqual(wizard.statuses(), {"ATLAS": "Not Accessible, will be skipped."})
         wizard.finish()
         self.assertEqual(self.home.modules(), ["ATLAS"])
+
+
+class APassword(WizardTest):
+    """What is typed into the prompt goes to the shares of the computers and nowhere else."""
+
+    password = "Marked-Password-Of-The-Prompt-35ZQ"
+
+    def files_with_it(self):
+        marks = [self.password.encode(code) for code in ("utf-8", "utf-16-le", "utf-16-be")]
+        files = [path for path in self.home.folder.rglob("*") if path.is_file()]
+        return [path for path in files if any(mark in path.read_bytes() for mark in marks)]
+
+    def start_uninstall(self, console):
+        wizard = open_from_list(console, ["ATLAS"], "Remove System", UNINSTALL)
+        wizard.press("Uninstall")
+        wizard.press_login("CORP\\admin", self.password)
+        return wizard
+
+    def test_leaves_no_file_behind(self):
+        self.at_home()
+        console = self.start()
+        self.install(console, ["ATLAS"])
+        wizard = self.start_uninstall(console)
+        wizard.confirm_end()
+        self.assertEqual(wizard.statuses(), {"ATLAS": "Agent uninstalled successfully"})
+        wizard.finish()
+        self.assertEqual(self.files_with_it(), [])
+
+    def test_of_a_killed_program_is_its_owners_alone_and_gone_at_the_next_start(self):
+        self.at_home(["ATLAS"])
+        console = self.start()
+        batch = self.home.path / "RmTempLog.bat"
+        self.start_uninstall(console)
+        desktop.wait_for("the batch file", batch.exists)
+        console.kill()
+        self.assertEqual(self.files_with_it(), [batch])
+        self.assertEqual(stat.S_IMODE(batch.stat().st_mode), 0o600)
+        self.start()
+        self.assertEqual(self.files_with_it(), [])
+        self.assertFalse(batch.exists())
 
 
 class Upgrading(WizardTest):

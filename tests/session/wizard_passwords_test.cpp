@@ -142,6 +142,58 @@ TEST_F(WizardPasswords, APasswordThatIsRefusedIsToldNowhere) {
   EXPECT_THAT(files(), IsEmpty());
 }
 
+/// With passwords of their own: other tests leave copies of theirs in what they compare.
+class LoginInMemory : public WizardPasswords {
+ protected:
+  LoginInMemory() : WizardPasswords("Sdldlcdq-Md-Mns_gdqd-77-Vgns-Vd-Cn-Mns-Rzx-31") {}
+};
+
+class ServiceAccountInMemory : public WizardPasswords {
+ protected:
+  ServiceAccountInMemory() : WizardPasswords("Bnmrs`ms-Cqnhrm_dlnv-15-Xds-Mn-Rsnmd-Vzr-22") {}
+};
+
+TEST_F(LoginInMemory, IsThatOfTheProgramAloneAndGoneWithTheNextAnswer) {
+  OperatorsConsole console(stage);
+  const auto uninstall = [&](const std::string& name, const std::function<void()>& answer) {
+    console.openFromList({name}, "mnuPopUpListUninstall", [&] {
+      answer();
+      console.act();
+      console.finish();
+    });
+  };
+  console.run([&] {
+    console.install({"ATLAS", "BIRCH", "CEDAR", "DELTA"});
+    uninstall("ATLAS", [&] { logIn(console); });
+    EXPECT_EQ(countInMemory(password), 1U) << "gLoginPassword, which stays";
+    uninstall("BIRCH", [&] { console.logIn(R"(CORP\admin)", "corp"); });
+    EXPECT_EQ(countInMemory(password), 0U) << "another one has taken its place";
+    uninstall("CEDAR", [&] { logIn(console); });
+    uninstall("DELTA", [&] { console.refuseLogin(); });
+    EXPECT_EQ(countInMemory(password), 0U) << "a refusal has emptied it";
+  });
+}
+
+TEST_F(ServiceAccountInMemory, IsGoneWithTheRun) {
+  enterAccount();
+  OperatorsConsole console(stage);
+  console.run([&] {
+    console.openFromList({"ATLAS", "BIRCH"}, "mnuPopUpListInstall", [&] {
+      console.goOn();
+      console.turnTo(7);
+      console.wizard.optAccounts(1).userClick();
+      OperatorsConsole::type(console.wizard.txtUserName, R"(CORP\agent)");
+      typePassword(console.wizard.txtPassword, console.wizard.txtConfirmPassword);
+      EXPECT_EQ(countInMemory(password), 2U) << "the two boxes hold it";
+      console.act();
+      EXPECT_THAT(console.rows(),
+                  ElementsAre("ATLAS: Installed successfully", "BIRCH: Installed successfully"));
+      console.finish();
+    });
+    EXPECT_EQ(countInMemory(password), 0U);
+  });
+}
+
 /// Kills this process as soon as a share is about to be connected.
 void killAtTheBatchFile(OperatorsConsole& console) {
   console.clock.onSleep = [](std::uint32_t milliseconds) {

@@ -1,5 +1,6 @@
 #include "platform/formats/net_use_line.h"
 
+#include "base/secret.h"
 #include "base/text.h"
 #include "platform/formats/path_translation.h"
 
@@ -30,7 +31,7 @@ std::string_view withoutLineEnd(std::string_view text) {
 std::optional<NetUseLine> parseNetUseLine(std::string_view text) {
   text = withoutLineEnd(text);
   if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) return std::nullopt;
-  if (!asciiUpper(text).starts_with(kCommand)) return std::nullopt;
+  if (asciiUpper(text.substr(0, kCommand.size())) != kCommand) return std::nullopt;
   text.remove_prefix(kCommand.size());
   const auto shareEnd = text.find(' ');
   if (shareEnd == std::string_view::npos) return std::nullopt;
@@ -39,7 +40,9 @@ std::optional<NetUseLine> parseNetUseLine(std::string_view text) {
   if (!splitSharePath(line.share)) return std::nullopt;
 
   const auto behindShare = text.substr(shareEnd + 1);
-  const auto userSwitch = asciiUpper(behindShare).rfind(kUserSwitch);
+  auto upper = asciiUpper(behindShare);
+  const WipedAtEnd wiped(upper);
+  const auto userSwitch = upper.rfind(kUserSwitch);
   if (userSwitch != std::string_view::npos) {
     line.password = behindShare.substr(0, userSwitch);
     line.account = behindShare.substr(userSwitch + kUserSwitch.size());

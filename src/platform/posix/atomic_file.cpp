@@ -4,7 +4,6 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
@@ -61,14 +60,17 @@ bool writeAll(int descriptor, std::string_view bytes) {
 }
 
 std::optional<std::string> readAll(int descriptor) {
+  constexpr std::size_t kBlock = 65536;
   std::string bytes;
-  std::array<char, 65536> block{};
-  for (;;) {
-    const auto count = ::read(descriptor, block.data(), block.size());
+  for (std::size_t size = 0;;) {
+    if (bytes.size() == size) bytes.resize(size + kBlock);
+    const auto count = ::read(descriptor, bytes.data() + size, bytes.size() - size);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return std::nullopt;
-    if (count == 0) return bytes;
-    bytes.append(block.data(), static_cast<std::size_t>(count));
+    size += static_cast<std::size_t>(count);
+    if (count > 0) continue;
+    bytes.resize(size);
+    return bytes;
   }
 }
 

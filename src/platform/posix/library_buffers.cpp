@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/secret.h"
 #include "base/text.h"
 
 namespace varnhold::platform::posix {
@@ -64,7 +65,9 @@ JobRecord::JobRecord(const DeploymentJob& job) {
 void JobRecord::readBack(DeploymentJob& job) const {
   for (std::size_t i = 0; i < kJobTexts.size(); ++i) {
     auto& text = job.*kJobTexts[i].ours;
-    text = texts_[i].uncut(text.size());
+    auto back = texts_[i].uncut(text.size());
+    wipe(text);
+    text = std::move(back);
   }
   job.OSFlag = record_.OSFlag;
   job.AgentKind = record_.AgentKind;

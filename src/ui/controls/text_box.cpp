@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/secret.h"
 #include "base/unicode.h"
 #include "ui/controls/collection_errors.h"
 #include "ui/controls/form.h"
@@ -70,8 +71,10 @@ void TextBox::enter(char32_t character) {
 void TextBox::replaceSelection(std::string_view with) {
   const auto first = byteOf(Text.get(), SelStart);
   const auto last = byteOf(Text.get(), SelStart + SelLength);
-  std::string text = Text;
-  text.replace(first, last - first, with);
+  const std::string& now = Text;
+  std::string text;
+  text.reserve(now.size() + with.size());
+  text.append(now, 0, first).append(with).append(now, last);
   edit(std::move(text), lengthOf(Text.get().substr(0, first)) + lengthOf(with));
 }
 
@@ -89,6 +92,7 @@ void TextBox::edit(std::string text, int caret) {
   SelStart.settle(caret);
   SelLength.settle(0);
   const bool differs = text != Text.get();
+  wipePassword();
   Text.settle(std::move(text));
   syncView();
   if (differs) Change.raise();
@@ -99,6 +103,16 @@ void TextBox::userSelect(int start, int length) {
     SelStart.settle(std::max(start, 0));
     SelLength.settle(std::max(length, 0));
   });
+}
+
+void TextBox::restoreDesign() {
+  wipePassword();
+  Control::restoreDesign();
+}
+
+/// What takes the text's place would only free its memory. The property is this box's own and is set next.
+void TextBox::wipePassword() {
+  if (!PasswordChar.get().empty()) wipe(const_cast<std::string&>(Text.get()));
 }
 
 void TextBox::changed(const PropertyBase& property) {

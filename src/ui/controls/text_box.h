@@ -46,6 +46,9 @@ class TextBox : public Viewed<ControlView> {
   /// The user moved the selection.
   void userSelect(int start, int length);
 
+  /// A password does not stay in memory.
+  void restoreDesign() override;
+
  protected:
   void changed(const PropertyBase& property) override;
 
@@ -53,6 +56,7 @@ class TextBox : public Viewed<ControlView> {
   void enter(char32_t character);
   void replaceSelection(std::string_view with);
   void edit(std::string text, int caret);
+  void wipePassword();
 };
 
 }  // namespace varnhold::ui

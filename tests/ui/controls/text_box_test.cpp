@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "tests/ui/controls/recording_form.h"
 #include "ui/controls/control_array.h"
 
@@ -127,6 +129,25 @@ TEST_F(TextBoxTest, CorrectsItselfInItsChangeHandler) {
   box.userType("300");
   EXPECT_EQ(box.Text, "255");
   EXPECT_THAT(changes, ElementsAre("3", "30", "300", "255"));
+}
+
+TEST_F(TextBoxTest, LeavesNoLetterOfAPasswordInItsMemoryWhenItGoesBackToItsDesign) {
+  box.PasswordChar = "*";
+  box.keepDesign();
+  box.userEdit(std::string(200, 'p'), 200);
+  const char* const letters = box.Text.get().data();
+  box.restoreDesign();
+  EXPECT_EQ(box.Text, "");
+  ASSERT_EQ(box.Text.get().data(), letters) << "no other memory has taken its place";
+  EXPECT_EQ(std::count(letters, letters + 200, 'p'), 0);
+}
+
+TEST_F(TextBoxTest, KeepsATextThatIsNoPasswordAsItsDesignHasIt) {
+  box.Text = "Varnhold";
+  box.keepDesign();
+  box.userEdit("other", 5);
+  box.restoreDesign();
+  EXPECT_EQ(box.Text, "Varnhold");
 }
 
 TEST_F(TextBoxTest, RefusesANegativePosition) {

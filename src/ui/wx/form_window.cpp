@@ -60,11 +60,11 @@ WxFormWindow::~WxFormWindow() {
 
 void WxFormWindow::bury() {
   menus_.reset();
-  if (frame_) {
-    // It is there for a while yet, and is told when it goes.
-    frame_->Unbind(wxEVT_ACTIVATE, &WxFormWindow::activated, this);
-    toolkit_.bury(*frame_);
-  }
+  if (!frame_) return;
+  // It is there for a while yet, is told when it goes, and may be due to be laid out: nothing of it reaches this.
+  for (wxWindow* const window : {static_cast<wxWindow*>(frame_.get()), inside_})
+    window->SetEvtHandlerEnabled(false);
+  toolkit_.bury(*frame_);
   frame_ = nullptr;
 }
 

@@ -12,8 +12,16 @@ class FormViews : public WxTest {
   wxWindow& show(Form& form) {
     window_ = stage.toolkit().createWindow(form);
     window_->show(nullptr, false);
+    auto& window = *stage.toolkit().windowOf(&form);
+    // GTK lays a window out only when its manager has told of the frame.
+    painted_ = false;
+    window.GetChildren().front()->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+      event.Skip();
+      painted_ = true;
+    });
+    EXPECT_TRUE(stage.waitFor([this] { return painted_; }));
     settle();
-    return *stage.toolkit().windowOf(&form);
+    return window;
   }
 
   void expectComplete(Form& form) {
@@ -27,6 +35,7 @@ class FormViews : public WxTest {
   console::Forms forms{program, screen};
 
  private:
+  bool painted_ = false;
   std::unique_ptr<FormWindow> window_;
 };
 

@@ -69,13 +69,20 @@ TEST_F(FormWindows, TheTitleKeepsItsBlanks) {
 }
 
 TEST_F(FormWindows, TheSizeIsTheFormsInTwips) {
-  form.Width = 6000;
-  form.Height = 4500;
-  auto& frame = shown();
-  EXPECT_EQ(frame.GetSize(), frame.FromDIP(wxSize(400, 300)));
-  form.Width = 7500;
+  // GTK takes the frame of a window for that of the last one before it, which may have had no handles.
+  shown();
+  form.Unload();
+  KeyForm sized{screen, journal};
+  sized.Width = 6000;
+  sized.Height = 4500;
+  sized.Show();
   settle();
-  EXPECT_EQ(window().GetSize(), window().FromDIP(wxSize(500, 300)));
+  const auto& frame = *stage.toolkit().windowOf(&sized);
+  EXPECT_EQ(frame.GetSize(), frame.FromDIP(wxSize(400, 300)));
+  sized.Width = 7500;
+  settle();
+  EXPECT_EQ(frame.GetSize(), frame.FromDIP(wxSize(500, 300)));
+  sized.Unload();
 }
 
 TEST_F(FormWindows, AUsersSizeArrivesInTwips) {
@@ -87,6 +94,15 @@ TEST_F(FormWindows, AUsersSizeArrivesInTwips) {
   EXPECT_EQ(form.Width, 7200);
   EXPECT_EQ(form.Height, 4800);
   EXPECT_THAT(journal, testing::Contains("Resize 7200 4800").Times(1));
+}
+
+TEST_F(FormWindows, ALayoutThatIsDueWhenTheFormGoesReachesNobody) {
+  auto& frame = shown();
+  form.cmdHelp.Visible = false;
+  form.Unload();
+  EXPECT_FALSE(frame.GetEvtHandlerEnabled());
+  settle();
+  EXPECT_THAT(journal, testing::Not(testing::Contains(testing::StartsWith("Resize"))));
 }
 
 TEST_F(FormWindows, MaximisedAndBackIsTold) {

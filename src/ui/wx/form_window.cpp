@@ -61,7 +61,8 @@ WxFormWindow::~WxFormWindow() {
 void WxFormWindow::bury() {
   menus_.reset();
   if (!frame_) return;
-  // It is there for a while yet, is told when it goes, and may be due to be laid out: nothing of it reaches this.
+  // It is there for a while yet, is told when it goes, and may be due to be laid out: nothing of it reaches
+  // this.
   for (wxWindow* const window : {static_cast<wxWindow*>(frame_.get()), inside_})
     window->SetEvtHandlerEnabled(false);
   toolkit_.bury(*frame_);

@@ -26,6 +26,12 @@ constexpr std::size_t kWindow = kChunk + 4 * kLongestMark;
 /// What is larger are the sanitizers' own books.
 constexpr std::uintptr_t kLargestRegion = 1U << 30;
 
+/// Each letter's successor in its place.
+std::string successors(std::string letters) {
+  for (char& letter : letters) ++letter;
+  return letters;
+}
+
 struct Region {
   std::uintptr_t begin, end;
 };
@@ -108,9 +114,11 @@ std::string readAll(const fs::path& file) {
 }  // namespace
 
 std::string MarkedPassword::text() const {
-  std::string text = letters_;
-  for (char& letter : text) ++letter;
-  return text;
+  return successors(letters_);
+}
+
+std::string MarkedPassword::mark() const {
+  return successors(letters_.substr(kLost));
 }
 
 std::string MarkedPassword::wideMark() const {

@@ -21,7 +21,7 @@ class MarkedPassword {
   [[nodiscard]] std::string text() const;
   /// What it is told by, in UTF-8, and in UTF-16 with the lower byte first; to be wiped too. Found in both
   /// orders of bytes.
-  [[nodiscard]] std::string mark() const { return text().substr(kLost); }
+  [[nodiscard]] std::string mark() const;
   [[nodiscard]] std::string wideMark() const;
 
  private:

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "base/secret.h"
+#include "deployment/engines.h"
 #include "tests/session/lab_session.h"
 #include "tests/session/password_search.h"
 
@@ -174,8 +175,8 @@ TEST_F(LoginInMemory, IsThatOfTheProgramAloneAndGoneWithTheNextAnswer) {
   });
 }
 
-TEST_F(ServiceAccountInMemory, IsGoneWithTheRun) {
-  enterAccount();
+// Without the check of the account, whose mechanism keeps what it likes.
+TEST_F(ServiceAccountInMemory, IsGoneWithTheRunAndTheWizard) {
   OperatorsConsole console(stage);
   console.run([&] {
     console.openFromList({"ATLAS", "BIRCH"}, "mnuPopUpListInstall", [&] {
@@ -184,14 +185,15 @@ TEST_F(ServiceAccountInMemory, IsGoneWithTheRun) {
       console.wizard.optAccounts(1).userClick();
       OperatorsConsole::type(console.wizard.txtUserName, R"(CORP\agent)");
       typePassword(console.wizard.txtPassword, console.wizard.txtConfirmPassword);
-      EXPECT_EQ(countInMemory(password), 2U) << "the two boxes hold it";
-      console.act();
+      deployment::InstallAgents(console.program, console.wizard);
       EXPECT_THAT(console.rows(),
                   ElementsAre("ATLAS: Installed successfully", "BIRCH: Installed successfully"));
-      console.finish();
+      EXPECT_EQ(countInMemory(password), 2U) << "the two boxes hold it";
+      console.wizard.Unload();
     });
     EXPECT_EQ(countInMemory(password), 0U);
   });
+  EXPECT_EQ(agentService("ATLAS", "account"), R"(CORP\agent)");
 }
 
 /// Kills this process as soon as a share is about to be connected.

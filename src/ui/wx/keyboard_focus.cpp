@@ -36,11 +36,10 @@ Control* nextInTabOrder(const Form& form, const Control* dark) {
 void keepKeysHeard(wxWindow& widget, const Form& form, const Control* dark) {
   auto& top = dynamic_cast<wxTopLevelWindow&>(*wxGetTopLevelParent(&widget));
   if (!form.acceptsInput() || !top.IsActive()) return;
-  const bool heard = keysAreHeard();
   if (const auto* active = form.ActiveControl()) {
-    auto* focused = heard ? nullptr : widgetIn(top, *active);
+    auto* focused = keysAreHeard() ? nullptr : widgetIn(top, *active);
     if (focused != nullptr) focused->SetFocus();
-  } else if (auto* next = heard && dark == nullptr ? nullptr : nextInTabOrder(form, dark)) {
+  } else if (auto* next = nextInTabOrder(form, dark)) {
     next->userFocus();
   }
 }

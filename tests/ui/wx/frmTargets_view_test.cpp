@@ -1,6 +1,8 @@
 // The window of the deployment wizard and of the forms that it shows, as they are laid out.
 #include "deployment/frmTargets.h"
 
+#include <wx/uiaction.h>
+
 #include "deployment/frmLogin.h"
 #include "deployment/frmRemedialActionHelp.h"
 #include "tests/fakes/fake_host.h"
@@ -62,7 +64,7 @@ class WizardPages : public WxTest {
   deployment::frmRemedialActionHelp help{program, screen};
   ui::ListView lvListView;
   ui::TreeView tvTreeView;
-  ui::ImageList imlIcons{{"computer"}};
+  ui::ImageList imlIcons{{"computer", "computer", "computer", "computer"}};
   deployment::frmTargets form{
       program, screen, {lvListView, tvTreeView, imlIcons, [](TreeNode*) {}, [] {}}, login, help};
 
@@ -196,6 +198,31 @@ TEST_F(WizardPages, HaveTheirButtonsAtTheBottomRightInTheirOrder) {
     right = placeOf(*button).GetRight();
   }
   EXPECT_GE(right, window().GetScreenRect().GetRight() - window().FromDIP(24));
+}
+
+TEST_F(WizardPages, HearTheKeysBehindTheButtonThatWentDarkUnderItsClick) {
+  form.Load();
+  form.Operation = 1;
+  form.CurrentPage = 5;
+  form.OptAgentbased.Value = true;
+  wxTimer later;
+  later.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+    auto& frame = dynamic_cast<wxTopLevelWindow&>(window());
+    stage.waitFor([&] { return frame.IsActive(); });
+    auto* advanced = wxWindow::FindWindowByLabel(form.cmdAdvanced.Caption.get(), &frame);
+    advanced->SetFocus();
+    settle();
+    sendCommand(*advanced, wxEVT_BUTTON);
+    settle();
+    EXPECT_EQ(form.CurrentPage, 6);
+    EXPECT_EQ(form.ActiveControl(), &form.cmdInstall);
+    wxUIActionSimulator().Char(WXK_ESCAPE);
+    settle();
+    EXPECT_FALSE(form.isLoaded()) << "Escape is Cancel";
+    form.Unload();
+  });
+  later.StartOnce(50);
+  form.ShowModal();
 }
 
 class PromptViews : public WizardPages {

@@ -1,40 +1,16 @@
 #include <wx/dataview.h>
 
-#include <algorithm>
-#include <iterator>
-
 #include "ui/wx/bind_list_view.h"
 #include "ui/wx/icons.h"
 #include "ui/wx/list_view_binding.h"
 #include "ui/wx/rows_model_gtk.h"
+#include "ui/wx/selection_marks_gtk.h"
 
 namespace varnhold::ui::wx {
 namespace {
 
-// So many rows are selected in one turn of the event loop: a GtkTreeView marks each by itself.
-constexpr std::size_t kRowsOfATurn = 1000;
 constexpr int kTallestHead = 80, kPictureSpace = 22, kLeastWidth = 120,
               kLeastHeight = 80;  // at 100 %, in pixels
-
-wxDataViewItem itemOf(int row) {
-  return wxDataViewItem(wxUIntToPtr(static_cast<unsigned>(row)));
-}
-
-int rowOf(const wxDataViewItem& item) {
-  return static_cast<int>(wxPtrToUInt(item.GetID()));
-}
-
-std::vector<int> without(const std::vector<int>& rows, const std::vector<int>& gone) {
-  std::vector<int> left;
-  std::set_difference(rows.begin(), rows.end(), gone.begin(), gone.end(), std::back_inserter(left));
-  return left;
-}
-
-std::vector<int> united(const std::vector<int>& rows, const std::vector<int>& more) {
-  std::vector<int> all;
-  std::set_union(rows.begin(), rows.end(), more.begin(), more.end(), std::back_inserter(all));
-  return all;
-}
 
 /// The list on GTK. Its data view is a GtkTreeView, whose rows assistive clients read.
 class DataViewList : public wxDataViewCtrl, public ListWidget {
@@ -65,13 +41,6 @@ class DataViewList : public wxDataViewCtrl, public ListWidget {
 
  private:
   void makeColumns();
-  [[nodiscard]] std::vector<int> rowsMarked() const;
-  void markSeen(std::vector<int>& rows, bool selected);
-  void markSome(std::vector<int>& rows, bool selected, std::size_t most);
-  void markOfATurn();
-  void extendFromFocus();
-  [[nodiscard]] bool isMarking() const { return !toSelect_.empty() || !toUnselect_.empty(); }
-  void selectedByUser();
   void listenToMouse();
   [[nodiscard]] ListPlace placeAt(wxPoint belowHeads) const;
   [[nodiscard]] ListPlace placeIn(int row, int x) const;
@@ -84,8 +53,7 @@ class DataViewList : public wxDataViewCtrl, public ListWidget {
   ListNotices notices_;
   std::vector<wxString> heads_;
   std::vector<int> widths_;
-  // The selection that was to be shown, and which of its rows and of the others are still to be marked.
-  std::vector<int> wanted_, toSelect_, toUnselect_;
+  SelectionMarks marks_{*this};
   int arrow_ = 0;
   bool arrowAscends_ = true;
 };
@@ -93,15 +61,8 @@ class DataViewList : public wxDataViewCtrl, public ListWidget {
 void DataViewList::listen(ListNotices notices) {
   notices_ = std::move(notices);
   Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
-    selectedByUser();
+    marks_.selectedByUser();
     notices_.selectionMoved();
-  });
-  Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
-    event.Skip();
-    if (!isMarking()) return;
-    markOfATurn();
-    extendFromFocus();
-    event.RequestMore(isMarking());
   });
   Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED,
        [this](const wxDataViewEvent& event) { notices_.activated(rowOf(event.GetItem())); });
@@ -177,92 +138,19 @@ void DataViewList::showSortArrow(int column, bool ascending) {
 }
 
 void DataViewList::showRows(int count) {
-  toSelect_.clear();
-  toUnselect_.clear();
+  marks_.forget();
   model_->show(count);
 }
 
 RowSelection DataViewList::selection() const {
-  RowSelection selected;
-  selected.rows = united(without(rowsMarked(), toUnselect_), toSelect_);
-  selected.focused = rowOf(GetCurrentItem());
-  return selected;
-}
-
-std::vector<int> DataViewList::rowsMarked() const {
-  wxDataViewItemArray items;
-  GetSelections(items);
-  std::vector<int> rows;
-  for (const auto& item : items) rows.push_back(rowOf(item));
-  return rows;
+  return {marks_.rows(), rowOf(GetCurrentItem())};
 }
 
 void DataViewList::showSelection(const RowSelection& from, const RowSelection& to) {
-  if (to.rows != from.rows) {
-    const auto marked = isMarking() ? rowsMarked() : from.rows;
-    wanted_ = to.rows;
-    toSelect_ = without(to.rows, marked);
-    toUnselect_ = without(marked, to.rows);
-    markOfATurn();
-    wxWakeUpIdle();
-  }
+  if (to.rows != from.rows) marks_.show(from.rows, to.rows);
   // In a list of one selection, the data view takes the selected row for the focused one.
   if (!severalRows_ || to.focused == 0 || to.focused == rowOf(GetCurrentItem())) return;
   SetCurrentItem(itemOf(to.focused));
-}
-
-// What is seen comes first, wherever the list has been scrolled to by now.
-void DataViewList::markOfATurn() {
-  markSeen(toUnselect_, false);
-  markSeen(toSelect_, true);
-  const auto gone = std::min(toUnselect_.size(), kRowsOfATurn);
-  markSome(toUnselect_, false, gone);
-  markSome(toSelect_, true, kRowsOfATurn - gone);
-}
-
-void DataViewList::markSeen(std::vector<int>& rows, bool selected) {
-  if (rows.empty()) return;
-  const int top = rowOf(GetTopItem());
-  const auto first = std::lower_bound(rows.begin(), rows.end(), top);
-  const auto last = std::upper_bound(first, rows.end(), top + GetCountPerPage());
-  std::vector<int> seen(first, last);
-  rows.erase(first, last);
-  markSome(seen, selected, seen.size());
-}
-
-void DataViewList::markSome(std::vector<int>& rows, bool selected, std::size_t most) {
-  for (std::size_t left = std::min(most, rows.size()); left > 0; --left) {
-    const auto item = itemOf(rows.back());
-    rows.pop_back();
-    if (selected) {
-      Select(item);
-    } else {
-      Unselect(item);
-    }
-  }
-}
-
-// A GtkTreeView takes the row that was marked last for the one that Shift extends from.
-void DataViewList::extendFromFocus() {
-  const auto focused = GetCurrentItem();
-  if (!severalRows_ || !focused.IsOk()) return;
-  if (IsSelected(focused)) {
-    Unselect(focused);
-    Select(focused);
-  } else {
-    Select(focused);
-    Unselect(focused);
-  }
-}
-
-// A click with Ctrl, or an assistive client, turns one row over; the others stay what they are to become. All
-// else makes a selection of its own.
-void DataViewList::selectedByUser() {
-  if (!isMarking()) return;
-  const auto expected = united(without(wanted_, toSelect_), toUnselect_), marked = rowsMarked();
-  if (without(marked, expected).size() + without(expected, marked).size() <= 1) return;
-  toSelect_.clear();
-  toUnselect_.clear();
 }
 
 ListPlace DataViewList::placeIn(int row, int x) const {

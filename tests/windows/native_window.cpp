@@ -1,6 +1,7 @@
 #include "tests/windows/native_window.h"
 
 #include <algorithm>
+#include <sstream>
 #include <utility>
 
 namespace varnhold::windows_test {
@@ -67,17 +68,6 @@ POINT middleOf(const RECT& box) {
   return {(box.left + box.right) / 2, (box.top + box.bottom) / 2};
 }
 
-std::wstring withoutMnemonicAndKey(std::wstring caption) {
-  caption.erase(std::remove(caption.begin(), caption.end(), L'&'), caption.end());
-  return caption.substr(0, caption.find(L'\t'));
-}
-
-std::wstring classOf(HWND window) {
-  wchar_t name[128] = {};
-  GetClassNameW(window, name, 128);
-  return name;
-}
-
 struct Search {
   DWORD process;
   std::vector<HWND> found;
@@ -131,14 +121,47 @@ std::vector<std::wstring> titlesOf(DWORD process) {
   return titles;
 }
 
-HWND childOf(HWND window, const std::wstring& windowClass, const std::wstring& text) {
+std::wstring classOf(HWND window) {
+  wchar_t name[128] = {};
+  GetClassNameW(window, name, 128);
+  return name;
+}
+
+std::wstring captionOf(HWND window) {
+  auto caption = textOf(window);
+  caption.erase(std::remove(caption.begin(), caption.end(), L'&'), caption.end());
+  std::wistringstream words(caption.substr(0, caption.find(L'\t')));
+  std::wstring line;
+  for (std::wstring word; words >> word;) line += (line.empty() ? L"" : L" ") + word;
+  return line;
+}
+
+std::vector<HWND> childrenOf(HWND window) {
   std::vector<HWND> children;
   EnumChildWindows(window, addChild, reinterpret_cast<LPARAM>(&children));
-  for (auto* child : children) {
-    if (classOf(child) != windowClass) continue;
-    if (text == L"*" || withoutMnemonicAndKey(textOf(child)) == text) return child;
+  return children;
+}
+
+std::vector<HWND> childrenOf(HWND window, const std::wstring& windowClass) {
+  auto children = childrenOf(window);
+  std::erase_if(children, [&](HWND child) { return classOf(child) != windowClass; });
+  return children;
+}
+
+HWND childOf(HWND window, const std::wstring& windowClass, const std::wstring& text) {
+  for (auto* child : childrenOf(window, windowClass)) {
+    if (text == L"*" || captionOf(child) == text) return child;
   }
   return nullptr;
+}
+
+void enterText(HWND box, const std::wstring& text) {
+  SendMessageW(box, EM_SETSEL, 0, -1);
+  send(box, EM_REPLACESEL, TRUE, text.c_str());
+}
+
+bool isChecked(HWND button) {
+  return send(button, BM_GETCHECK) == BST_CHECKED;
 }
 
 int NativeList::count() const {
@@ -189,6 +212,13 @@ void NativeList::click(int row, UINT down, UINT up) const {
 void NativeList::doubleClick(int row) const {
   click(row);
   mouse(list_, pointOf(row), WM_LBUTTONDBLCLK, WM_LBUTTONUP);
+}
+
+void NativeList::clickCell(int row, int column) const {
+  const RemoteMemory memory(list_, sizeof(RECT));
+  memory.write(RECT{LVIR_LABEL, column, 0, 0});
+  send(list_, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row), memory.at());
+  mouse(list_, middleOf(memory.read<RECT>()), WM_LBUTTONDOWN, WM_LBUTTONUP);
 }
 
 void NativeList::clickHead(int column) const {
@@ -267,6 +297,54 @@ std::wstring statusText(HWND bar, int part) {
 void press(HWND window, WPARAM key) {
   PostMessageW(window, WM_KEYDOWN, key, 0);
   PostMessageW(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+}
+
+void typeKey(WORD key, WORD held) {
+  std::vector<INPUT> inputs;
+  const auto add = [&](WORD which, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = which;
+    // The arrows beside the digits are other keys, and answer to the same codes.
+    const bool isArrow = which >= VK_LEFT && which <= VK_DOWN;
+    input.ki.dwFlags = flags | (isArrow ? KEYEVENTF_EXTENDEDKEY : 0);
+    inputs.push_back(input);
+  };
+  if (held != 0) add(held, 0);
+  add(key, 0);
+  add(key, KEYEVENTF_KEYUP);
+  if (held != 0) add(held, KEYEVENTF_KEYUP);
+  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+HWND focusOf(HWND window) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  if (!GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info)) return nullptr;
+  auto* parent = info.hwndFocus == nullptr ? nullptr : GetParent(info.hwndFocus);
+  return parent != nullptr && classOf(parent) == L"ComboBox" ? parent : info.hwndFocus;
+}
+
+bool isTabStop(HWND control) {
+  if (IsWindowEnabled(control) == 0) return false;
+  const auto name = classOf(control);
+  if (name == L"Edit") return classOf(GetParent(control)) != L"ComboBox";
+  if (name != L"Button") return name == L"ComboBox" || name == L"ListBox" || name == L"SysListView32";
+  const auto kind = GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK;
+  if (kind == BS_RADIOBUTTON || kind == BS_AUTORADIOBUTTON) return isChecked(control);
+  return kind != BS_GROUPBOX;
+}
+
+std::vector<HWND> tabRound(HWND window) {
+  constexpr std::size_t kMost = 40;
+  std::vector<HWND> round{focusOf(window)};
+  while (round.size() < kMost) {
+    typeKey(VK_TAB);
+    if (!waitFor([&] { return focusOf(window) != round.back(); }, 3) || focusOf(window) == round.front())
+      break;
+    round.push_back(focusOf(window));
+  }
+  return round;
 }
 
 }  // namespace varnhold::windows_test

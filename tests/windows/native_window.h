@@ -19,9 +19,19 @@ namespace varnhold::windows_test {
 [[nodiscard]] HWND windowOf(DWORD process, const std::wstring& title);
 /// The titles of all visible windows of that process.
 [[nodiscard]] std::vector<std::wstring> titlesOf(DWORD process);
-/// The first visible child of that window class, by its text where one is given, or null.
+/// All visible children, in the order of the focus; or those of that window class.
+[[nodiscard]] std::vector<HWND> childrenOf(HWND window);
+[[nodiscard]] std::vector<HWND> childrenOf(HWND window, const std::wstring& windowClass);
+/// The first visible child of that window class, by its text in one line where one is given, or null.
 [[nodiscard]] HWND childOf(HWND window, const std::wstring& windowClass, const std::wstring& text = L"*");
 [[nodiscard]] std::wstring textOf(HWND window);
+/// As a person reads it: without mnemonic and key, and in one line, however it was broken.
+[[nodiscard]] std::wstring captionOf(HWND window);
+[[nodiscard]] std::wstring classOf(HWND window);
+/// In place of what the box holds.
+void enterText(HWND box, const std::wstring& text);
+/// Of the buttons that are on or off.
+[[nodiscard]] bool isChecked(HWND button);
 
 /// A native list view (SysListView32) of another process.
 class NativeList {
@@ -36,6 +46,7 @@ class NativeList {
   /// A mouse button, pressed and let go, on the row's text; below the last row with `row` -1.
   void click(int row, UINT down = WM_LBUTTONDOWN, UINT up = WM_LBUTTONUP) const;
   void doubleClick(int row) const;
+  void clickCell(int row, int column) const;
   /// A click on the head of a column, from 0.
   void clickHead(int column) const;
   [[nodiscard]] HWND handle() const { return list_; }
@@ -73,5 +84,15 @@ void pressInMenu(HWND window, wchar_t mnemonic);
 /// The text of a part of a status bar of another process.
 [[nodiscard]] std::wstring statusText(HWND bar, int part);
 void press(HWND window, WPARAM key);
+/// A key of the keyboard, with another one held down where one is given. It goes where a person's keys go: to
+/// the window in front.
+void typeKey(WORD key, WORD held = 0);
+/// What has the keyboard in the window's program, or null; of a box with parts, the box.
+[[nodiscard]] HWND focusOf(HWND window);
+/// Can a person act on it, and does the keyboard have to reach it? Not the buttons of a group but the chosen
+/// one.
+[[nodiscard]] bool isTabStop(HWND control);
+/// What Tab leads to, once round from the focus.
+[[nodiscard]] std::vector<HWND> tabRound(HWND window);
 
 }  // namespace varnhold::windows_test

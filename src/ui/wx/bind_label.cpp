@@ -1,5 +1,7 @@
 #include "ui/wx/bind_label.h"
 
+#include <cmath>
+
 #include "ui/wx/bound_view.h"
 #include "ui/wx/wx_text.h"
 
@@ -7,6 +9,14 @@ namespace varnhold::ui::wx {
 namespace {
 
 constexpr int kCharactersPerLine = 72;
+constexpr double kLeastContrast = 0.3;  // of a light and a dark colour, 1
+
+/// The host's own, unless it can hardly be read there.
+wxColour linkColour(const wxWindow& on) {
+  const auto colour = wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT);
+  const double contrast = std::abs(colour.GetLuminance() - on.GetBackgroundColour().GetLuminance());
+  return contrast < kLeastContrast ? wxColour(0, 102, 204) : colour;
+}
 
 /// `widget` takes the mouse, `text` shows the caption; for a label without mouse events they are one.
 class LabelView : public BoundView<ControlView, ui::Label, wxWindow> {
@@ -42,7 +52,7 @@ class LabelView : public BoundView<ControlView, ui::Label, wxWindow> {
   void showLook(bool link) {
     if (link == link_) return;
     link_ = link;
-    text_.SetForegroundColour(link ? wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT) : wxNullColour);
+    text_.SetForegroundColour(link ? linkColour(text_) : wxNullColour);
     text_.SetFont(link ? text_.GetFont().Underlined() : wxNullFont);
   }
 

@@ -27,9 +27,9 @@ class Processes {
   static constexpr int kLastShellError = 32;  ///< shellapi.h: above it, ShellExecute worked
 
   /// ShellExecute without a folder. `file` is a file, an address ("https://..."), or, with `parameters`, a
-  /// program, which is also looked for where the host looks for programs. The result is above `kLastShellError`
-  /// when it worked. A host without `net use` understands a batch file of one such line and hands
-  /// it to its network; one without Notepad opens the file that this is to show as it opens other files.
+  /// program, which is also looked for where the host looks for programs. Above `kLastShellError` it worked.
+  /// A host without `net use` understands a batch file of one such line and hands it to its network; one
+  /// without Notepad opens the file that this is to show as it opens other files.
   virtual int shellExecute(const std::string& verb, const std::string& file, const std::string& parameters,
                            ShowState show) = 0;
   /// The same without parameters.

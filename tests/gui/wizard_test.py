@@ -28,6 +28,11 @@ class WizardTest(unittest.TestCase):
     def status_in(self, console, name):
         return next(row[3] for row in console.list.rows() if row[0] == name)
 
+    def take_all(self, wizard, names=NAMES):
+        desktop.wait_for("the candidates", lambda: wizard.offered() == names)
+        wizard.press("Add All >>")
+        desktop.wait_for("all of them taken", lambda: wizard.taken() == names)
+
     def to_the_path(self, wizard):
         """From the choice of computers to the page with the path."""
         wizard.press("Next >")
@@ -53,9 +58,7 @@ class Installing(WizardTest):
         self.home.change("FJORD", delay_ms={"install": 8000})
         console = self.start()
         wizard = open_from_menu(console, "Add System", INSTALL)
-        desktop.wait_for("the candidates", lambda: wizard.offered() == NAMES)
-        wizard.press("Add All >>")
-        desktop.wait_for("all of them taken", lambda: wizard.taken() == NAMES)
+        self.take_all(wizard)
         self.assertEqual(wizard.offered(), [])
         info, rows = wizard.label("Select system to be monitored for events"), wizard.run_list()
         self.to_the_path(wizard)
@@ -88,7 +91,7 @@ class Installing(WizardTest):
         self.home.change("BIRCH", delay_ms={"install": 10000})
         console = self.start()
         wizard = open_from_menu(console, "Add System", INSTALL)
-        wizard.press("Add All >>")
+        self.take_all(wizard)
         info, rows = wizard.label("Select system to be monitored for events"), wizard.run_list()
         self.to_the_path(wizard)
         cancel = desktop.extents(wizard.button("Cancel"))
@@ -219,7 +222,7 @@ class Uninstalling(WizardTest):
         self.home.add_changes_product()
         console = self.start(program="TessmarkAgentManager", title=CHANGES_TITLE)
         wizard = open_from_menu(console, "Remove System", UNINSTALL)
-        wizard.press("Add All >>")
+        self.take_all(wizard, ["ATLAS", "BIRCH"])
         wizard.press("Next >")
         wizard.wait_for_page("Agent(s) will be uninstalled from the following remote computer(s).")
 

@@ -56,7 +56,7 @@ TEST_F(WizardOnWindows, InstallsOnTwelveComputersAndSaysWhatCameOfEach) {
 }
 
 TEST_F(WizardOnWindows, AStopFinishesTheComputerInHandAndLeavesTheOthers) {
-  makeSlow(L"BIRCH", L"install", L"3000");
+  makeSlow(L"BIRCH", L"install", L"8000");
   start();
   waitForConsole(labNames());
   open(L'a', kInstall);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "ui/wx/wx_headers.h"
+
 namespace varnhold::ui::wx {
 namespace {
 

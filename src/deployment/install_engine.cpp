@@ -70,7 +70,8 @@ void Installation::fillJobForRun() {
   chooseConfigFile();
   if (!form_.optAccounts(1).Value) return;
   job_.ServiceUser = form_.txtUserName.Text;
-  job_.ServicePassword = form_.txtPassword.Text.get().empty() ? " " : form_.txtPassword.Text.get();
+  job_.ServicePassword = form_.txtPassword.Text;
+  if (job_.ServicePassword.empty()) job_.ServicePassword = " ";
 }
 
 /// False when the operator has asked to stop.

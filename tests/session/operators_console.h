@@ -17,6 +17,9 @@ namespace varnhold::session {
 
 using Lines = std::vector<std::string>;
 
+/// What a run says of a computer whose agent it has taken away.
+inline const std::string kUninstalled = "Agent uninstalled successfully";
+
 /// The host's clock for a run that nobody waits for: every pause is short.
 class ShortClock : public platform::Clock {
  public:

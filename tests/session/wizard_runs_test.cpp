@@ -1,5 +1,6 @@
 // What one run of the wizard leaves to the next, agentless computers, and what becomes of snapshots.
 #include "core/registry_values.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/session/lab_session.h"
 
 namespace varnhold::session {
@@ -11,8 +12,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
-
-const std::string kUninstalled = "Agent uninstalled successfully";
 
 class WizardRuns : public LabSession {
  protected:
@@ -34,7 +33,7 @@ class WizardRuns : public LabSession {
     console.openFromList({name}, "mnuPopUpListUninstall", [&] {
       logsIn ? console.logIn(R"(CORP\admin)", "corp") : console.refuseLogin();
       console.act();
-      EXPECT_THAT(console.rows(), ElementsAre(name + ": " + outcome));
+      EXPECT_THAT(console.rows(), LinesAre({name + ": " + outcome}));
       console.finish();
     });
   }
@@ -91,7 +90,7 @@ TEST_F(WizardRuns, AComputerWithoutAnswerCountsAsTheOneBeforeItOfTheSameRun) {
       chooseAgentless(console, "agent");
       console.logIn(R"(CORP\admin)", "corp");
       console.act();
-      EXPECT_THAT(console.rows(), ElementsAre("EMBER: " + noVista, "HAVEN: " + noVista));
+      EXPECT_THAT(console.rows(), LinesAre({"EMBER: " + noVista, "HAVEN: " + noVista}));
       console.finish();
     });
     console.openFromList({"HAVEN"}, "mnuPopUpListInstall", [&] {
@@ -101,7 +100,7 @@ TEST_F(WizardRuns, AComputerWithoutAnswerCountsAsTheOneBeforeItOfTheSameRun) {
       EXPECT_TRUE(console.wizard.txtAccount.Locked) << "the service has its account by now";
       console.logIn(R"(CORP\admin)", "corp");
       console.act();
-      EXPECT_THAT(console.rows(), ElementsAre("HAVEN: Skipped: The RPC server is unavailable."));
+      EXPECT_THAT(console.rows(), LinesAre({"HAVEN: Skipped: The RPC server is unavailable."}));
       console.finish();
     });
   });
@@ -119,11 +118,11 @@ TEST_F(WizardRuns, AgentlessComputersArePolledByTheManagersOwnAgentUntilTheyAreU
       console.logIn(R"(PLANT\admin)", "plant");
       console.act();
       EXPECT_THAT(console.rows(),
-                  ElementsAre("ATLAS: Installed successfully", "LINDEN: Installed successfully"));
+                  LinesAre({"ATLAS: Installed successfully", "LINDEN: Installed successfully"}));
       console.finish();
     });
-    EXPECT_THAT(cli::Stage::agents(), ElementsAre(R"(ATLAS|1|%ProgramFiles%\Kelmont Works\Varnhold|0|1)",
-                                                  R"(LINDEN|1|%ProgramFiles%\Kelmont Works\Varnhold|0|1)"));
+    EXPECT_THAT(cli::Stage::agents(), LinesAre({R"(ATLAS|1|%ProgramFiles%\Kelmont Works\Varnhold|0|1)",
+                                                R"(LINDEN|1|%ProgramFiles%\Kelmont Works\Varnhold|0|1)"}));
     EXPECT_THAT(labFile(manager, "registry.reg"), HasSubstr(R"("ATLAS"="10.1.1.11")"));
     EXPECT_THAT(labFile(manager, "registry.reg"), HasSubstr(R"("LINDEN"="10.1.1.22")"));
     EXPECT_EQ(agentService(manager, "account"), R"(CORP\agent)");
@@ -133,7 +132,7 @@ TEST_F(WizardRuns, AgentlessComputersArePolledByTheManagersOwnAgentUntilTheyAreU
 
     console.openFromList({"ATLAS", "LINDEN"}, "mnuPopUpListUninstall", [&] {
       console.act();
-      EXPECT_THAT(console.rows(), ElementsAre("ATLAS: " + kUninstalled, "LINDEN: " + kUninstalled));
+      EXPECT_THAT(console.rows(), LinesAre({"ATLAS: " + kUninstalled, "LINDEN: " + kUninstalled}));
       console.finish();
     });
   });
@@ -142,10 +141,10 @@ TEST_F(WizardRuns, AgentlessComputersArePolledByTheManagersOwnAgentUntilTheyAreU
   const std::string shown = "Opening Varnhold Receiver Service On: " + manager;
   EXPECT_THAT(
       log(),
-      ElementsAre(shown, R"(The user CORP\agent has been given 'LogonAsService' rights on system )" + manager,
-                  "Opening Varnhold Agent Service On: " + manager,
-                  "Sucessfully changed the service account On: " + manager,
-                  shown));  // the prompt for the account has activated the wizard, which shows its page
+      LinesAre({shown, R"(The user CORP\agent has been given 'LogonAsService' rights on system )" + manager,
+                "Opening Varnhold Agent Service On: " + manager,
+                "Sucessfully changed the service account On: " + manager,
+                shown}));  // the prompt for the account has activated the wizard, which shows its page
 }
 
 TEST_F(WizardRuns, PollingIsSavedAsThePageShowsItAfterThePrompt) {
@@ -189,7 +188,7 @@ TEST_F(WizardRuns, ThePromptInARunShowsThePageAnewWithItsGroupsOnceMore) {
       EXPECT_EQ(info, "Agent(s) will be uninstalled from the following remote computer(s).");
       EXPECT_EQ(console.wizard.cboGroups.ListCount(), 5);
       EXPECT_TRUE(console.wizard.optConfig(0).Value);
-      EXPECT_THAT(console.rows(), ElementsAre("ATLAS: " + kUninstalled)) << "the run goes on all the same";
+      EXPECT_THAT(console.rows(), LinesAre({"ATLAS: " + kUninstalled})) << "the run goes on all the same";
       console.finish();
     });
   });
@@ -226,7 +225,7 @@ class WizardWithSnapshots : public WizardRuns {
       console.goOn();
       console.act();
       // A plain success leaves the status as it was.
-      EXPECT_THAT(console.rows(), ElementsAre("ATLAS: Unmanaged", "BIRCH: Unmanaged"));
+      EXPECT_THAT(console.rows(), LinesAre({"ATLAS: Unmanaged", "BIRCH: Unmanaged"}));
       console.finish();
     });
     console.openFromMenu(console.main.mnuToolsInstall, [&] {
@@ -265,7 +264,7 @@ TEST_F(WizardWithSnapshots, AreKeptWhereTheOperatorSaysSoAndGoneElsewhere) {
       };
       console.act();
       console.ui.onPump = {};
-      EXPECT_THAT(console.rows(), ElementsAre("ATLAS: " + kUninstalled, "BIRCH: " + kUninstalled));
+      EXPECT_THAT(console.rows(), LinesAre({"ATLAS: " + kUninstalled, "BIRCH: " + kUninstalled}));
       console.finish();
     });
   });
@@ -284,7 +283,7 @@ TEST_F(WizardWithSnapshots, ThePromptInTheRunChoosesTheVarnholdAgentAgain) {
       console.logIn(R"(CORP\admin)", "corp");
       console.act();
       EXPECT_TRUE(console.wizard.optClient(0).Value);
-      EXPECT_THAT(console.rows(), ElementsAre("ATLAS: " + kUninstalled, "BIRCH: " + kUninstalled));
+      EXPECT_THAT(console.rows(), LinesAre({"ATLAS: " + kUninstalled, "BIRCH: " + kUninstalled}));
       console.finish();
     });
   });

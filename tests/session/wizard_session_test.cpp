@@ -1,13 +1,13 @@
 // The deployment wizard over the real inventory, host and companion: what becomes of the computers of the
 // lab.
 #include "core/registry_values.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/session/lab_session.h"
 
 namespace varnhold::session {
 namespace {
 
 using testing::Contains;
-using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -17,7 +17,6 @@ using WizardSession = LabSession;
 
 const std::string kInstalled = "Installed successfully";
 const std::string kStandard = "Managed - Standard Mode";
-const std::string kUninstalled = "Agent uninstalled successfully";
 const std::string kUpgraded = "Upgraded successfully";
 const std::string kNotAccessible = "Not Accessible, will be skipped.";
 const std::string kUnresolved = "Could not resolve the IP Address for the system.";
@@ -65,12 +64,12 @@ TEST_F(WizardSession, InstallsOnTwelveComputersAndLeavesNothingWhereItFails) {
       console.goOn();
       console.act();
       EXPECT_THAT(console.rows(),
-                  ElementsAre("ATLAS: " + kInstalled, "BIRCH: " + kInstalled, "CEDAR: " + kInstalled,
-                              "DELTA: " + kInstalled, "EMBER: " + kInstalled, "FJORD: " + kInstalled,
-                              "GROVE: " + kUnresolved, "HAVEN: " + kUnreached, "INLET: " + kNoService,
-                              "JUNIPER: " + kInstalled +
-                                  " - Could not start the service automatically. Please try manually.",
-                              "KESTREL: " + kInstalled, "LINDEN: " + kUnreached));
+                  LinesAre({"ATLAS: " + kInstalled, "BIRCH: " + kInstalled, "CEDAR: " + kInstalled,
+                            "DELTA: " + kInstalled, "EMBER: " + kInstalled, "FJORD: " + kInstalled,
+                            "GROVE: " + kUnresolved, "HAVEN: " + kUnreached, "INLET: " + kNoService,
+                            "JUNIPER: " + kInstalled +
+                                " - Could not start the service automatically. Please try manually.",
+                            "KESTREL: " + kInstalled, "LINDEN: " + kUnreached}));
       EXPECT_EQ(console.wizard.lblProgress.Caption, kWithErrors);
       EXPECT_TRUE(console.wizard.cmdCancel.Enabled);
       console.finish();
@@ -79,12 +78,12 @@ TEST_F(WizardSession, InstallsOnTwelveComputersAndLeavesNothingWhereItFails) {
     for (const auto& name : kRefusing) EXPECT_THAT(console.statuses(), Contains(name + ": Unmanaged"));
   });
 
-  EXPECT_THAT(log(), ElementsAre("GROVE - " + kUnresolved, "HAVEN - " + kUnreached, "INLET - " + kNoService,
-                                 "LINDEN - " + kUnreached));
+  EXPECT_THAT(log(), LinesAre({"GROVE - " + kUnresolved, "HAVEN - " + kUnreached, "INLET - " + kNoService,
+                               "LINDEN - " + kUnreached}));
   Lines rows;
   for (const auto& name : kTaking) rows.push_back(agentRow(name));
   EXPECT_THAT(cli::Stage::agents(), ElementsAreArray(rows));
-  EXPECT_THAT(console.boxes(), ElementsAre(kComplete));
+  EXPECT_THAT(console.boxes(), LinesAre({kComplete}));
   for (const auto& name : kRefusing) EXPECT_EQ(lab(name), before.at(name)) << name;
 }
 
@@ -122,14 +121,14 @@ TEST_F(WizardSession, AGroupsPopUpOffersItsMembersAlone) {
       wizard.cmdAdd.userClick();
       console.goOn();
       console.act();
-      EXPECT_THAT(console.rows(), ElementsAre("BIRCH: " + kInstalled));
+      EXPECT_THAT(console.rows(), LinesAre({"BIRCH: " + kInstalled}));
       EXPECT_EQ(wizard.lblProgress.Caption, "Completed successfully");
       EXPECT_FALSE(wizard.cmdCancel.Enabled);
       console.finish();
     });
-    EXPECT_THAT(console.statuses(), ElementsAre("ATLAS: Unmanaged", "BIRCH: " + kStandard));
+    EXPECT_THAT(console.statuses(), LinesAre({"ATLAS: Unmanaged", "BIRCH: " + kStandard}));
   });
-  EXPECT_THAT(cli::Stage::agents(), ElementsAre(agentRow("BIRCH")));
+  EXPECT_THAT(cli::Stage::agents(), LinesAre({agentRow("BIRCH")}));
   EXPECT_THAT(log(), IsEmpty());
 }
 
@@ -149,7 +148,7 @@ TEST_F(WizardSession, AStopFinishesTheComputerInHandAndTouchesNoOther) {
       console.act();
       EXPECT_TRUE(console.wizard.StopRequested);
       EXPECT_THAT(console.rows(),
-                  ElementsAre("ATLAS: " + kInstalled, "KESTREL: " + kInstalled, "LINDEN: Unmanaged"));
+                  LinesAre({"ATLAS: " + kInstalled, "KESTREL: " + kInstalled, "LINDEN: Unmanaged"}));
       EXPECT_EQ(console.wizard.lblProgress.Caption, "Action stopped by user");
       EXPECT_FALSE(console.wizard.cmdCancel.Enabled);
       console.finish();
@@ -157,7 +156,7 @@ TEST_F(WizardSession, AStopFinishesTheComputerInHandAndTouchesNoOther) {
   });
   EXPECT_EQ(agentService("KESTREL", "state"), "running");
   EXPECT_EQ(lab("LINDEN"), before);
-  EXPECT_THAT(cli::Stage::agents(), ElementsAre(agentRow("ATLAS"), agentRow("KESTREL")));
+  EXPECT_THAT(cli::Stage::agents(), LinesAre({agentRow("ATLAS"), agentRow("KESTREL")}));
 }
 
 TEST_F(WizardSession, AnUninstallLeavesTheComputerAsItWasBeforeTheInstall) {
@@ -194,7 +193,7 @@ TEST_F(WizardSession, OnlyTheAccountThatAComputerDemandsTakesItsAgentOff) {
       OperatorsConsole::type(console.wizard.txtPassword, "plant");
       OperatorsConsole::type(console.wizard.txtConfirmPassword, "plant");
       console.act();
-      EXPECT_THAT(console.rows(), ElementsAre("LINDEN: " + kInstalled));
+      EXPECT_THAT(console.rows(), LinesAre({"LINDEN: " + kInstalled}));
       console.finish();
     });
     EXPECT_EQ(agentService("LINDEN", "account"), R"(PLANT\admin)");
@@ -205,13 +204,13 @@ TEST_F(WizardSession, OnlyTheAccountThatAComputerDemandsTakesItsAgentOff) {
       console.openFromList({"LINDEN"}, "mnuPopUpListUninstall", [&] {
         console.logIn(R"(PLANT\admin)", password);
         console.act();
-        EXPECT_THAT(console.rows(), ElementsAre("LINDEN: " + outcome));
+        EXPECT_THAT(console.rows(), LinesAre({"LINDEN: " + outcome}));
         console.finish();
       });
     }
   });
   EXPECT_EQ(lab("LINDEN"), before);
-  EXPECT_THAT(log(), ElementsAre("Could not uninstall Varnhold Agent on LINDEN - " + kUnreached));
+  EXPECT_THAT(log(), LinesAre({"Could not uninstall Varnhold Agent on LINDEN - " + kUnreached}));
   EXPECT_THAT(cli::Stage::agents(), IsEmpty());
 }
 
@@ -226,7 +225,7 @@ TEST_F(WizardSession, UpgradesOverTheWindowsNetworkAndOverIP) {
       console.goOn();
       EXPECT_TRUE(console.wizard.optWinDom.Value);
       console.act();
-      EXPECT_THAT(console.rows(), ElementsAre("ATLAS: " + kUpgraded));
+      EXPECT_THAT(console.rows(), LinesAre({"ATLAS: " + kUpgraded}));
       console.finish();
     });
     EXPECT_THAT(labFile("EMBER", "registry.reg"), HasSubstr(R"("Version"="7.0")"));
@@ -234,7 +233,7 @@ TEST_F(WizardSession, UpgradesOverTheWindowsNetworkAndOverIP) {
       console.goOn();
       console.wizard.optOverIP.userClick();
       console.act();
-      EXPECT_THAT(console.rows(), ElementsAre("EMBER: " + kUpgraded));
+      EXPECT_THAT(console.rows(), LinesAre({"EMBER: " + kUpgraded}));
       console.finish();
     });
     EXPECT_EQ(cli::Stage::agents(), agents) << "an upgrade keeps the agent's row as it is";
@@ -261,22 +260,22 @@ TEST_F(WizardSession, AnUpgradeThatFailsInItsMiddleLeavesTheAgentOfBefore) {
       console.goOn();
       console.act();
       EXPECT_THAT(console.rows(),
-                  ElementsAre("ATLAS: Could not create remote registry values. Please check your rights.",
-                              "BIRCH: Agent service does not exist."));
+                  LinesAre({"ATLAS: Could not create remote registry values. Please check your rights.",
+                            "BIRCH: Agent service does not exist."}));
       console.finish();
     });
     console.openFromTree("Servers", "mnuPopUpTreeUpgrade", [&] {
       console.goOn();
       console.wizard.optOverIP.userClick();
       console.act();
-      EXPECT_THAT(console.rows(), ElementsAre("EMBER: Upgrade failed. Registry operation failed."));
+      EXPECT_THAT(console.rows(), LinesAre({"EMBER: Upgrade failed. Registry operation failed."}));
       console.finish();
     });
     EXPECT_EQ(labs(), before);
   });
-  EXPECT_THAT(log(), ElementsAre("ATLAS - Could not create remote registry values. Please check your rights.",
-                                 "BIRCH - Agent service does not exist.",
-                                 "EMBER - Upgrade failed. Registry operation failed."));
+  EXPECT_THAT(log(), LinesAre({"ATLAS - Could not create remote registry values. Please check your rights.",
+                               "BIRCH - Agent service does not exist.",
+                               "EMBER - Upgrade failed. Registry operation failed."}));
 }
 
 }  // namespace

@@ -44,6 +44,29 @@ TYPED_TEST_P(ProcessesContract, SaysThatAFileIsMissing) {
   EXPECT_EQ(this->open(file + ".missing.bat"), 2);
 }
 
-REGISTER_TYPED_TEST_SUITE_P(ProcessesContract, StartsABatchFileOfOneNetUseLine, SaysThatAFileIsMissing);
+TYPED_TEST_P(ProcessesContract, GivesATokenExactlyWhereALogonWorks) {
+  platform::TokenHandle token = 0;
+  const auto error =
+      this->host_.processes().logonUser("no such user", "no-such-domain", "secret",
+                                        platform::kLogonInteractive, platform::kLogonProviderDefault, token);
+  EXPECT_EQ(token != 0, error == 0) << "error " << error << ", token " << token;
+}
+
+TYPED_TEST_P(ProcessesContract, GivesNoHandlesOfAStartThatFails) {
+  auto& processes = this->host_.processes();
+  platform::ProcessInformation started;
+  EXPECT_NE(processes.createProcessWithLogon("no such user", "no-such-domain", "secret",
+                                             platform::kLogonWithProfile, "no-such-program.exe",
+                                             platform::kCreateDefaultErrorMode, "C:\\", started),
+            0u);
+  EXPECT_NE(processes.createProcessAsUser(0, "no-such-program.exe", platform::kCreateDefaultErrorMode, "C:\\",
+                                          started),
+            0u);
+  EXPECT_EQ(started.process, 0u);
+  EXPECT_EQ(started.thread, 0u);
+}
+
+REGISTER_TYPED_TEST_SUITE_P(ProcessesContract, StartsABatchFileOfOneNetUseLine, SaysThatAFileIsMissing,
+                            GivesATokenExactlyWhereALogonWorks, GivesNoHandlesOfAStartThatFails);
 
 }  // namespace varnhold::contract

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "tests/fakes/journal.h"
+#include "tests/fakes/lines_are.h"
 #include "ui/controls/command_button.h"
 #include "ui/controls/form.h"
 #include "ui/controls/screen.h"
@@ -78,8 +79,8 @@ TYPED_TEST_P(ToolkitContract, AModalFormHoldsTheCallerUntilItGoesAway) {
   this->frmB.cmdOK.Click = [&] { this->frmB.Unload(); };
   this->frmB.ShowModal(&this->frmA);
   this->journal.push_back("returned");
-  EXPECT_THAT(this->journal, testing::ElementsAre("frmB Load", "frmB Activate", "user", "frmB Unload",
-                                                  "frmA Activate", "returned"));
+  EXPECT_THAT(this->journal,
+              LinesAre({"frmB Load", "frmB Activate", "user", "frmB Unload", "frmA Activate", "returned"}));
   this->frmA.Unload();
 }
 
@@ -90,7 +91,7 @@ TYPED_TEST_P(ToolkitContract, AHiddenFormEndsItsModalRunAndComesAgain) {
     EXPECT_TRUE(this->frmB.isLoaded());
     EXPECT_FALSE(this->frmB.Visible());
   }
-  EXPECT_THAT(this->journal, testing::ElementsAre("frmB Load", "frmB Activate", "frmB Activate"));
+  EXPECT_THAT(this->journal, LinesAre({"frmB Load", "frmB Activate", "frmB Activate"}));
   this->frmB.Unload();
 }
 
@@ -100,7 +101,7 @@ TYPED_TEST_P(ToolkitContract, TheRunEndsWithTheLastShownForm) {
     this->frmA.cmdOK.userClick();
   });
   EXPECT_EQ(this->host.screen().run([&] { this->frmA.Show(); }), 0);
-  EXPECT_THAT(this->journal, testing::ElementsAre("frmA Load", "frmA Activate", "frmA Unload"));
+  EXPECT_THAT(this->journal, LinesAre({"frmA Load", "frmA Activate", "frmA Unload"}));
 }
 
 TYPED_TEST_P(ToolkitContract, EndLeavesEveryLoopAtOnce) {
@@ -114,8 +115,7 @@ TYPED_TEST_P(ToolkitContract, EndLeavesEveryLoopAtOnce) {
     this->frmA.cmdOK.userClick();
   });
   EXPECT_EQ(this->host.screen().run([&] { this->frmA.Show(); }), 0);
-  EXPECT_THAT(this->journal,
-              testing::ElementsAre("frmA Load", "frmA Activate", "frmB Load", "frmB Activate"));
+  EXPECT_THAT(this->journal, LinesAre({"frmA Load", "frmA Activate", "frmB Load", "frmB Activate"}));
 }
 
 TYPED_TEST_P(ToolkitContract, PumpingLetsTheUserIn) {

@@ -11,7 +11,7 @@ import time
 import pyatspi
 
 import desktop
-from stage import CHANGES_TITLE, MANAGER_TITLE, Console, Home
+from stage import BIN, CHANGES_TITLE, MANAGER_TITLE, Console, Home
 
 FOLDER = pathlib.Path(sys.argv[1])
 
@@ -36,6 +36,12 @@ def take_splash(name, home, program):
         desktop.screenshot(FOLDER / f"{name}.png", number)
         process.kill()
         process.wait()
+
+
+def take_system_type():
+    """The form that no entry of a pop-up menu leads to."""
+    with subprocess.Popen([BIN / "system_type_window"], stdin=subprocess.PIPE) as process:
+        take("frmSystemType", "Modify System Type", process)
 
 
 def lab_home():
@@ -81,6 +87,7 @@ def main():
         changes = Console(home, program="TessmarkAgentManager", title=CHANGES_TITLE)
         take("frmMain-tessmark", CHANGES_TITLE, changes.process)
         changes.kill()
+        take_system_type()
     finally:
         home.remove()
 

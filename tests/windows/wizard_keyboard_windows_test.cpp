@@ -40,6 +40,41 @@ class WizardByKeyboard : public WizardOnWindows {
   }
 };
 
+TEST_F(WizardByKeyboard, ReachesEverythingOfAnInstall) {
+  start();
+  waitForConsole(labNames());
+  openInFront(L'a', kInstall);
+  waitForNamesAt(0, labNames());
+  typeKey('A', VK_MENU);  // the first computer, which has been selected
+  ASSERT_TRUE(waitFor([&] { return isOn(L"Next >"); }, 10));
+  expectTabReachesEverything("computers");
+  altTo('N', kAgentTypePage);
+  expectTabReachesEverything("type of agent");
+  altTo('N', kPathPage);
+  expectTabReachesEverything("path");
+  altTo(
+      'A',
+      L"After events are collected, they are processed at the Manager. To apply a predefined configuration, "
+      L"select 'Custom' and specify that file (eg.C:\\vhaconfig.ini). You can also select 'Default' and "
+      L"configure this later.");
+  tabTo(L"Default");
+  typeKey(VK_DOWN);
+  EXPECT_TRUE(waitForChecked(L"Custom Config"));
+  expectTabReachesEverything("configuration");
+  tabTo(L"Custom Config");  // there is no way back without its file
+  typeKey(VK_UP);
+  EXPECT_TRUE(waitForChecked(L"Default"));
+  altTo('B', kPathPage);
+  altTo('B', kAgentTypePage);
+  tabTo(L"Agent based (Full featured)");
+  typeKey(VK_DOWN);
+  EXPECT_TRUE(waitForChecked(L"Agent-less (limited features)*"));
+  altTo('N', L"Select the polling frequency :");
+  expectTabReachesEverything("polling");
+  typeKey(VK_ESCAPE);
+  EXPECT_TRUE(gone(kInstall));
+}
+
 TEST_F(WizardByKeyboard, ReachesEverythingOfAnUpgrade) {
   addAgent("ATLAS", 1, false);
   start();

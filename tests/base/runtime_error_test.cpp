@@ -1,4 +1,5 @@
 #include "base/runtime_error.h"
+#include "tests/fakes/lines_are.h"
 
 #include <gmock/gmock.h>
 
@@ -7,8 +8,6 @@
 namespace varnhold {
 namespace {
 
-using testing::ElementsAre;
-
 TEST(ResumeNext, TellsTheErrorAndGoesOnWithTheNextStatement) {
   std::vector<std::string> seen;
   const ResumeNext policy([&](const RuntimeError& error) { seen.push_back(error.description()); });
@@ -16,7 +15,7 @@ TEST(ResumeNext, TellsTheErrorAndGoesOnWithTheNextStatement) {
   EXPECT_FALSE(policy.step([] { throw RuntimeError(kInvalidUseOfNull, "Invalid use of Null"); }));
   EXPECT_TRUE(policy.step([&] { seen.emplace_back("next"); }));
 
-  EXPECT_THAT(seen, ElementsAre("Invalid use of Null", "next"));
+  EXPECT_THAT(seen, LinesAre({"Invalid use of Null", "next"}));
 }
 
 TEST(ResumeNext, WithoutAHandlerSwallowsTheError) {

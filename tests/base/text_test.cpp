@@ -1,11 +1,10 @@
 #include "base/text.h"
+#include "tests/fakes/lines_are.h"
 
 #include <gmock/gmock.h>
 
 namespace varnhold {
 namespace {
-
-using testing::ElementsAre;
 
 TEST(TrimBlanks, TakesBlanksFromBothEndsAndLeavesTabsAndInnerBlanks) {
   EXPECT_EQ(trimBlanks("  a b  "), "a b");
@@ -21,8 +20,8 @@ TEST(TrimAtNull, CutsAtTheFirstNulAndKeepsTextWithoutOne) {
 }
 
 TEST(Split, GivesOnePieceMoreThanThereAreSeparators) {
-  EXPECT_THAT(split("a,,b,", ','), ElementsAre("a", "", "b", ""));
-  EXPECT_THAT(split("", ','), ElementsAre(""));
+  EXPECT_THAT(split("a,,b,", ','), LinesAre({"a", "", "b", ""}));
+  EXPECT_THAT(split("", ','), LinesAre({""}));
 }
 
 TEST(ToUpper, RaisesLettersOfSeveralScriptsOneByOne) {

@@ -5,12 +5,12 @@
 #include <filesystem>
 
 #include "tests/cli/stage.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::cli {
 namespace {
 
 using testing::AllOf;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -29,7 +29,7 @@ TEST(HostileList, AByteOrderMarkIsNoPartOfTheFirstName) {
   stage.addComputer("HOST1", kHost);
   stage.writeFile("list.txt", "\xEF\xBB\xBFHOST1\r\n");
   const auto outcome = stage.run({"-I", "-F:list.txt"});
-  EXPECT_THAT(outcome.log, ElementsAre("<time> :: HOST1: Installed successfully"));
+  EXPECT_THAT(outcome.log, LinesAre({"<time> :: HOST1: Installed successfully"}));
 }
 
 TEST(HostileList, NulBytesCutTheNameAndStopNothing) {
@@ -50,7 +50,7 @@ TEST(HostileList, TenMegabytesOfBlankLinesEndWithTheOneComputer) {
   stage.writeFile("list.txt", list + "HOST1");
   const auto outcome = stage.run({"-I", "-F:list.txt"});
   EXPECT_EQ(outcome.exitStatus, 0);
-  EXPECT_THAT(outcome.log, ElementsAre("<time> :: HOST1: Installed successfully"));
+  EXPECT_THAT(outcome.log, LinesAre({"<time> :: HOST1: Installed successfully"}));
 }
 
 TEST(HostileList, ANameOfAThousandCharactersIsAComputerThatDoesNotAnswer) {
@@ -125,7 +125,7 @@ TEST(HostileInventory, AnOlderTableWithoutTheColumnSystemTypeServes) {
       "VARCHAR(1024), "
       "Manual INTEGER, Agentless INTEGER, Port INTEGER)");
   const auto outcome = stage.run({"-I", "-N:HOST1"});
-  EXPECT_THAT(outcome.log, ElementsAre("<time> :: HOST1: Installed successfully"));
+  EXPECT_THAT(outcome.log, LinesAre({"<time> :: HOST1: Installed successfully"}));
   EXPECT_THAT(Stage::agents(), SizeIs(1));
 }
 

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/companion/lab_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::companion::test {
 namespace {
@@ -143,11 +144,6 @@ TEST_F(Agentless, JobOnTheManagersOwnComputerDoesNotWaitForItself) {
   EXPECT_EQ(lab_.uninstall(record("MANAGER")), 152);
 }
 
-struct Refusal {
-  const char* line;
-  std::int32_t code;
-};
-
 class RefusedAgentless : public testing::TestWithParam<Refusal> {};
 
 TEST_P(RefusedAgentless, InstallEndsWithTheCodeOfTheStepAndLeavesNothing) {
@@ -191,9 +187,9 @@ TEST(AgentlessSteps, StandInTheirOrder) {
   std::vector<std::string> install, uninstall;
   for (const Step& step : agentlessInstallSteps()) install.emplace_back(step.name);
   for (const Step& step : agentlessUninstallSteps()) uninstall.emplace_back(step.name);
-  EXPECT_THAT(install, testing::ElementsAre("connect", "security_log", "local_registry", "find", "poll",
-                                            "start", "security"));
-  EXPECT_THAT(uninstall, testing::ElementsAre("local_registry", "find", "unpoll"));
+  EXPECT_THAT(install,
+              LinesAre({"connect", "security_log", "local_registry", "find", "poll", "start", "security"}));
+  EXPECT_THAT(uninstall, LinesAre({"local_registry", "find", "unpoll"}));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "base/runtime_error.h"
 #include "store/recordset.h"
 #include "tests/companion/lab_fixture.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/fakes/test_inventory.h"
 
 namespace varnhold::companion::test {
@@ -57,7 +58,7 @@ TEST_F(Enumeration, AddsTheComputersThatAnswer) {
   lab_.addHost("WKS01", "[host]\ntype=16\n");
   lab_.addHost("WKS03", "[host]\naddress=10.1.1.13\nanswers=no\n");
   walk();
-  EXPECT_THAT(systems(), ElementsAre("WKS01|16||", "WKS02|7|10.1.1.12|Desk"));
+  EXPECT_THAT(systems(), LinesAre({"WKS01|16||", "WKS02|7|10.1.1.12|Desk"}));
 }
 
 TEST_F(Enumeration, LeavesAKnownComputerAsItIsButForANewAddress) {
@@ -68,22 +69,22 @@ TEST_F(Enumeration, LeavesAKnownComputerAsItIsButForANewAddress) {
   lab_.addHost("WKS02", "[host]\naddress=10.1.1.12\ntype=7\ndescription=Desk\n");
   lab_.addHost("WKS03", "[host]\ntype=7\n");
   walk();
-  EXPECT_THAT(systems(), ElementsAre("WKS02|14|10.1.1.12|", "WKS03|4|10.1.1.13|",
-                                     "wks01|14|10.1.1.11|Corrected by hand"));
+  EXPECT_THAT(systems(), LinesAre({"WKS02|14|10.1.1.12|", "WKS03|4|10.1.1.13|",
+                                   "wks01|14|10.1.1.11|Corrected by hand"}));
 }
 
 TEST_F(Enumeration, LeavesARowThatIsNoComputer) {
   add("WKS01", 99999, "", "");
   lab_.addHost("WKS01", "[host]\naddress=10.1.1.11\ntype=7\n");
   walk();
-  EXPECT_THAT(systems(), ElementsAre("WKS01|99999||"));
+  EXPECT_THAT(systems(), LinesAre({"WKS01|99999||"}));
 }
 
 TEST_F(Enumeration, UnderstandsRowsWithNulls) {
   inventory_.execute("INSERT INTO System_Table VALUES ('WKS01', NULL, NULL, NULL)");
   lab_.addHost("WKS01", "[host]\naddress=10.1.1.11\n");
   walk();
-  EXPECT_THAT(systems(), ElementsAre("WKS01|NULL|10.1.1.11|NULL"));
+  EXPECT_THAT(systems(), LinesAre({"WKS01|NULL|10.1.1.11|NULL"}));
 }
 
 TEST_F(Enumeration, EntersNamesWithApostrophes) {
@@ -91,7 +92,7 @@ TEST_F(Enumeration, EntersNamesWithApostrophes) {
   lab_.addHost("O'HARA", "[host]\naddress=10.1.1.11\n");
   lab_.addHost("D'ARC", "[host]\naddress=10.1.1.12\ntype=7\n");
   walk();
-  EXPECT_THAT(systems(), ElementsAre("D'ARC|7|10.1.1.12|", "O'HARA|4|10.1.1.11|"));
+  EXPECT_THAT(systems(), LinesAre({"D'ARC|7|10.1.1.12|", "O'HARA|4|10.1.1.11|"}));
 }
 
 TEST_F(Enumeration, WaitsAtEachComputerAsItsScriptSays) {
@@ -108,7 +109,7 @@ TEST_F(Enumeration, StopsBeforeItsNextStep) {
   lab_.addHost("WKS03");
   sleep_ = [this](milliseconds, const host::MustStop&) { mustStop_ = true; };
   walk();
-  EXPECT_THAT(systems(), ElementsAre("WKS01|10|10.1.1.11|"));
+  EXPECT_THAT(systems(), LinesAre({"WKS01|10|10.1.1.11|"}));
 }
 
 TEST_F(Enumeration, GetsNoFurtherThanAComputerThatNeverLetsItOn) {
@@ -132,7 +133,7 @@ TEST_F(Enumeration, PassesOverAComputerThatCannotBeEntered) {
     work(connection_);
   };
   enumerateNetwork(lab_.network(), failing, sleep_, [] { return false; });
-  EXPECT_THAT(systems(), ElementsAre("WKS01|7||", "WKS03|7||"));
+  EXPECT_THAT(systems(), LinesAre({"WKS01|7||", "WKS03|7||"}));
 }
 
 TEST_F(Enumeration, VisitsNobodyWithoutAnInventory) {

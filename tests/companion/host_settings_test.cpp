@@ -1,4 +1,5 @@
 #include "companion/lab/host_settings.h"
+#include "tests/fakes/lines_are.h"
 
 #include <gmock/gmock.h>
 
@@ -6,7 +7,6 @@ namespace varnhold::companion {
 namespace {
 
 using testing::Contains;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* kFull = R"([host]
@@ -95,15 +95,15 @@ TEST(HostSettings, SayWhichValueCannotBeUsed) {
       "maybe\n",
       "WKS01");
   EXPECT_THAT(settings.problems,
-              ElementsAre("[host] address: is no dotted address, so the name does not resolve",
-                          "[host] type: is no whole number; taken as 10",
-                          "[host] program_files: is no full path; taken as C:\\Program Files",
-                          "[host] drives: is no list of drive letters; taken as CD",
-                          "[host] answers: is neither yes nor no; taken as yes",
-                          "[result] install: is no whole number; the job goes by itself",
-                          "[no_thread] install: is neither yes nor no; taken as no",
-                          "[delay_ms] install: is neither a number of milliseconds nor never; taken as 0",
-                          "[refuse] copy: is neither yes, no nor a Win32 error number; taken as no"));
+              LinesAre({"[host] address: is no dotted address, so the name does not resolve",
+                        "[host] type: is no whole number; taken as 10",
+                        "[host] program_files: is no full path; taken as C:\\Program Files",
+                        "[host] drives: is no list of drive letters; taken as CD",
+                        "[host] answers: is neither yes nor no; taken as yes",
+                        "[result] install: is no whole number; the job goes by itself",
+                        "[no_thread] install: is neither yes nor no; taken as no",
+                        "[delay_ms] install: is neither a number of milliseconds nor never; taken as 0",
+                        "[refuse] copy: is neither yes, no nor a Win32 error number; taken as no"}));
   EXPECT_EQ(settings.facts.address, "");
   EXPECT_EQ(settings.facts.systemType, 10);
   EXPECT_EQ(settings.scripts.at("install").delay, std::nullopt);
@@ -112,8 +112,8 @@ TEST(HostSettings, SayWhichValueCannotBeUsed) {
 TEST(HostSettings, SayWhichNameIsNotKnown) {
   const HostSettings settings =
       readHostSettings("[host]\nadress=10.1.1.1\n[results]\n[refuse]\nservices=yes\n", "WKS01");
-  EXPECT_THAT(settings.problems, ElementsAre("[host] adress: no such key", "[results]: no such section",
-                                             "[refuse] services: no such key"));
+  EXPECT_THAT(settings.problems, LinesAre({"[host] adress: no such key", "[results]: no such section",
+                                           "[refuse] services: no such key"}));
 }
 
 TEST(HostSettings, TakeAnyBytes) {

@@ -1,11 +1,11 @@
 #include "companion/ini_text.h"
+#include "tests/fakes/lines_are.h"
 
 #include <gmock/gmock.h>
 
 namespace varnhold::companion {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 TEST(IniText, FindsSectionsAndKeysWithoutCase) {
@@ -80,15 +80,15 @@ TEST(IniText, PassesOverWhatItCannotUnderstandAndSaysSo) {
   const IniText ini(bytes);
   EXPECT_EQ(ini.value("s", "a"), "1");
   EXPECT_THAT(ini.problems(),
-              ElementsAre("line 2: is neither a section, a comment nor 'key = value'",
-                          "line 3: has a section's '[' without its ']'", "line 4: has no key before its '='",
-                          "line 6: holds a NUL byte; save the file as plain text"));
+              LinesAre({"line 2: is neither a section, a comment nor 'key = value'",
+                        "line 3: has a section's '[' without its ']'", "line 4: has no key before its '='",
+                        "line 6: holds a NUL byte; save the file as plain text"}));
   EXPECT_EQ(ini.text(), bytes);
 }
 
 TEST(IniText, SaysWhenAKeyStandsBeforeTheFirstSection) {
   const IniText ini("a=1\n[s]\n");
-  EXPECT_THAT(ini.problems(), ElementsAre("line 1: stands before the first section"));
+  EXPECT_THAT(ini.problems(), LinesAre({"line 1: stands before the first section"}));
 }
 
 TEST(IniText, OfNothingIsNothing) {
@@ -97,7 +97,7 @@ TEST(IniText, OfNothingIsNothing) {
 }
 
 TEST(IniText, ListsEachSectionOnce) {
-  EXPECT_THAT(IniText("[One]\n[Two]\n[ONE]\n").sections(), ElementsAre("One", "Two"));
+  EXPECT_THAT(IniText("[One]\n[Two]\n[ONE]\n").sections(), LinesAre({"One", "Two"}));
 }
 
 TEST(IniText, RemovesOneValueAndLeavesAllOtherLines) {

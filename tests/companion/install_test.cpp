@@ -3,6 +3,7 @@
 #include "companion/ini_text.h"
 #include "companion/step_codes.h"
 #include "tests/companion/lab_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::companion::test {
 namespace {
@@ -251,11 +252,6 @@ TEST_F(Install, FailsWith171OnADamagedServiceDatabase) {
   EXPECT_EQ(snapshot(host), before);
 }
 
-struct Refusal {
-  const char* line;
-  std::int32_t code;
-};
-
 class RefusedInstall : public testing::TestWithParam<Refusal> {};
 
 TEST_P(RefusedInstall, EndsWithTheCodeOfTheStepAndLeavesNothing) {
@@ -317,9 +313,9 @@ TEST_F(Install, RefusesTheStopOfAnAgentThatRuns) {
 TEST_F(Install, HasItsStepsInTheirOrder) {
   std::vector<std::string> names;
   for (const Step& step : installSteps()) names.emplace_back(step.name);
-  EXPECT_THAT(names, testing::ElementsAre("connect", "version", "stop", "directory", "copy", "config_file",
-                                          "remote_registry", "registry", "service_manager", "service",
-                                          "account", "start", "security", "earlier_folder"));
+  EXPECT_THAT(names, LinesAre({"connect", "version", "stop", "directory", "copy", "config_file",
+                               "remote_registry", "registry", "service_manager", "service", "account",
+                               "start", "security", "earlier_folder"}));
 }
 
 }  // namespace

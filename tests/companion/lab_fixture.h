@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -32,6 +33,15 @@ void writeText(const std::filesystem::path& file, std::string_view bytes);
 /// behind their name; services and registries by what they say, not by the order of their lines. Lock files
 /// don't count.
 [[nodiscard]] std::map<std::string, std::string> snapshot(const std::filesystem::path& folder);
+
+/// A computer that refuses one step of a job, and the code that says so.
+struct Refusal {
+  const char* line;  ///< of its host.ini
+  std::int32_t code;
+};
+
+/// The Varnhold agent's key in a computer's registry.
+inline constexpr const char* kAgentKey = R"(SOFTWARE\Kelmont Works\Varnhold\Agent)";
 
 /// An installation of the manager with a lab beside it.
 class LabFixture {

@@ -6,13 +6,13 @@
 #include "companion/inventory.h"
 #include "store/recordset.h"
 #include "tests/companion/library_home.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/fakes/test_inventory.h"
 
 namespace varnhold::companion::test {
 namespace {
 
 using platform::ThreadHandle;
-using testing::ElementsAre;
 
 class LibraryDiscovery : public testing::Test {
  protected:
@@ -44,7 +44,7 @@ TEST_F(LibraryDiscovery, EntersTheNetworkInTheInventoryAndEndsWith1000) {
   const ThreadHandle thread = walk();
   ASSERT_NE(thread, 0u);
   EXPECT_EQ(home_.finish(thread), 1000u);
-  EXPECT_THAT(inventory_.computers(), ElementsAre("WKS01|7", "WKS02|16"));
+  EXPECT_THAT(inventory_.computers(), LinesAre({"WKS01|7", "WKS02|16"}));
 }
 
 TEST_F(LibraryDiscovery, EndsWith1000AlsoWithoutALabAndWithoutAnInventory) {
@@ -61,7 +61,7 @@ TEST_F(LibraryDiscovery, FindsNothingByItselfInTheManualMode) {
   EXPECT_THAT(inventory_.computers(), testing::IsEmpty());
   ASSERT_NE(libraries().qrvSetNetAccessMode(1), 0);
   EXPECT_EQ(home_.finish(walk()), 1000u);
-  EXPECT_THAT(inventory_.computers(), ElementsAre("WKS01|7"));
+  EXPECT_THAT(inventory_.computers(), LinesAre({"WKS01|7"}));
 }
 
 TEST_F(LibraryDiscovery, IsEndedAbruptlyWhereverItIs) {
@@ -72,7 +72,7 @@ TEST_F(LibraryDiscovery, IsEndedAbruptlyWhereverItIs) {
   EXPECT_EQ(exitCode(thread), platform::kStillActive);
   EXPECT_TRUE(home_.host().threads().terminateThread(thread, 0));
   EXPECT_EQ(home_.finish(thread), 0u);
-  EXPECT_THAT(inventory_.computers(), ElementsAre("WKS01|7"));
+  EXPECT_THAT(inventory_.computers(), LinesAre({"WKS01|7"}));
 }
 
 TEST_F(LibraryDiscovery, EntersNothingMoreOnceItWasEnded) {
@@ -83,7 +83,7 @@ TEST_F(LibraryDiscovery, EntersNothingMoreOnceItWasEnded) {
   EXPECT_TRUE(home_.host().threads().terminateThread(thread, 0));
   home_.host().threads().closeHandle(thread);
   std::this_thread::sleep_for(std::chrono::milliseconds(600));
-  EXPECT_THAT(inventory_.computers(), ElementsAre("WKS01|7"));
+  EXPECT_THAT(inventory_.computers(), LinesAre({"WKS01|7"}));
 }
 
 TEST_F(LibraryDiscovery, LeavesTheConnectionUsableWhenItIsEnded) {
@@ -97,7 +97,7 @@ TEST_F(LibraryDiscovery, LeavesTheConnectionUsableWhenItIsEnded) {
   details.SystemName = "WKS09";
   details.SystemType = 4;
   EXPECT_TRUE(libraries().qrvUpdateSystemDetailsInDB(details));
-  EXPECT_THAT(inventory_.computers(), ElementsAre("WKS09|4"));
+  EXPECT_THAT(inventory_.computers(), LinesAre({"WKS09|4"}));
 }
 
 TEST_F(LibraryDiscovery, OpensTheConnectionAgainWhenItIsNeededAfterAClose) {
@@ -111,7 +111,7 @@ TEST_F(LibraryDiscovery, OpensTheConnectionAgainWhenItIsNeededAfterAClose) {
   libraries().qrvCloseDbConnection();
   details.SystemName = "WKS02";
   EXPECT_TRUE(libraries().qrvUpdateSystemDetailsInDB(details));
-  EXPECT_THAT(inventory_.computers(), ElementsAre("WKS01|7", "WKS02|7"));
+  EXPECT_THAT(inventory_.computers(), LinesAre({"WKS01|7", "WKS02|7"}));
 }
 
 TEST_F(LibraryDiscovery, TellsWhichAddressesBelongToASubnet) {

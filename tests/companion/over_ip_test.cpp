@@ -2,13 +2,13 @@
 #include <gmock/gmock.h>
 
 #include "tests/companion/lab_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::companion::test {
 namespace {
 
 using testing::HasSubstr;
 
-constexpr const char* kKey = R"(SOFTWARE\Kelmont Works\Varnhold\Agent)";
 const std::string kHost = "[host]\naddress = 10.1.1.11\n";
 
 /// An agent of version 6.0 on WKS01, and the files of 7.0 at the manager.
@@ -41,7 +41,7 @@ class OverIp : public testing::Test {
 TEST_F(OverIp, ReplacesTheFilesAndTheVersionAndTheAgentRunsAgain) {
   EXPECT_EQ(upgrade(record()), 3000);
   EXPECT_EQ(readText(agentFolderOn(host_) / "vhagent.exe"), "newer program");
-  EXPECT_EQ(registryText(lab_, "WKS01", kKey, "Version"), "7.0");
+  EXPECT_EQ(registryText(lab_, "WKS01", kAgentKey, "Version"), "7.0");
   EXPECT_TRUE(serviceOn(lab_, "WKS01").running);
 }
 
@@ -98,7 +98,7 @@ TEST_F(OverIp, FailsWith3020WithoutAnAgentThatRuns) {
 
 TEST_F(OverIp, IsNotListenedToByAnAgentOfAnotherManager) {
   const std::string other = "OTHER" + std::string(1, '\0');
-  ASSERT_EQ(lab_.network().find("WKS01")->registry().set(kKey, {"Manager", {platform::kRegText, other}}),
+  ASSERT_EQ(lab_.network().find("WKS01")->registry().set(kAgentKey, {"Manager", {platform::kRegText, other}}),
             kDone);
   EXPECT_EQ(upgrade(record()), 3020);
 }
@@ -139,7 +139,7 @@ TEST_F(OverIp, GoesByItsScript) {
   EXPECT_EQ(snapshot(host_), before);
   lab_.addHost("WKS01", kHost + "[result]\nupgrade = 3000\nversion_check = 3026\n");
   EXPECT_EQ(upgrade(record()), 3000);
-  EXPECT_EQ(registryText(lab_, "WKS01", kKey, "Version"), "7.0");
+  EXPECT_EQ(registryText(lab_, "WKS01", kAgentKey, "Version"), "7.0");
   EXPECT_EQ(check(record()), 3026);
 }
 
@@ -167,16 +167,11 @@ TEST_F(OverIp, VersionCheckChangesNothing) {
 }
 
 TEST_F(OverIp, VersionCheckFailsWith3026WhereNoVersionCanBeRead) {
-  ASSERT_EQ(lab_.network().find("WKS01")->registry().removeValue(kKey, "Version"), kDone);
+  ASSERT_EQ(lab_.network().find("WKS01")->registry().removeValue(kAgentKey, "Version"), kDone);
   EXPECT_EQ(check(record()), 3026);
   writeText(host_ / "registry.reg", "this is no registry");
   EXPECT_EQ(check(record()), 3026);
 }
-
-struct Refusal {
-  const char* line;
-  std::int32_t code;
-};
 
 class RefusedOverIp : public testing::TestWithParam<Refusal> {};
 
@@ -211,10 +206,10 @@ TEST(OverIpSteps, StandInTheirOrder) {
   std::vector<std::string> upgrade, check;
   for (const Step& step : overIpUpgradeSteps()) upgrade.emplace_back(step.name);
   for (const Step& step : versionCheckSteps()) check.emplace_back(step.name);
-  EXPECT_THAT(upgrade, testing::ElementsAre("local_registry", "agent_library", "resolve", "agent", "version",
-                                            "service_manager", "stop", "copy", "config_file", "mode",
-                                            "registry", "start", "confirm"));
-  EXPECT_THAT(check, testing::ElementsAre("local_registry", "agent_library", "resolve", "agent", "version"));
+  EXPECT_THAT(upgrade,
+              LinesAre({"local_registry", "agent_library", "resolve", "agent", "version", "service_manager",
+                        "stop", "copy", "config_file", "mode", "registry", "start", "confirm"}));
+  EXPECT_THAT(check, LinesAre({"local_registry", "agent_library", "resolve", "agent", "version"}));
 }
 
 }  // namespace

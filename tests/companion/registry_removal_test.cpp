@@ -2,11 +2,11 @@
 #include <gmock/gmock.h>
 
 #include "platform/formats/registry_file.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::platform {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* kText =
@@ -23,11 +23,11 @@ RegistryFile read(const std::string& text = kText) {
 
 TEST(RegistryRemoval, ListsKeysAndValuesOnce) {
   const RegistryFile file = read();
-  EXPECT_THAT(file.subkeys("HKEY_LOCAL_MACHINE\\software"), ElementsAre("One", "Two"));
-  EXPECT_THAT(file.subkeys("HKEY_LOCAL_MACHINE\\SOFTWARE\\Two"), ElementsAre("Deep"));
+  EXPECT_THAT(file.subkeys("HKEY_LOCAL_MACHINE\\software"), LinesAre({"One", "Two"}));
+  EXPECT_THAT(file.subkeys("HKEY_LOCAL_MACHINE\\SOFTWARE\\Two"), LinesAre({"Deep"}));
   EXPECT_THAT(file.subkeys("HKEY_LOCAL_MACHINE\\SOFTWARE\\One"), IsEmpty());
-  EXPECT_THAT(file.valueNames("HKEY_LOCAL_MACHINE\\SOFTWARE\\one"), ElementsAre("A", "B"));
-  EXPECT_THAT(file.valueNames("HKEY_LOCAL_MACHINE\\SOFTWARE\\Two\\Deep"), ElementsAre(""));
+  EXPECT_THAT(file.valueNames("HKEY_LOCAL_MACHINE\\SOFTWARE\\one"), LinesAre({"A", "B"}));
+  EXPECT_THAT(file.valueNames("HKEY_LOCAL_MACHINE\\SOFTWARE\\Two\\Deep"), LinesAre({""}));
   EXPECT_THAT(file.valueNames("HKEY_LOCAL_MACHINE\\SOFTWARE"), IsEmpty());
 }
 
@@ -36,7 +36,7 @@ TEST(RegistryRemoval, ListsNamesWhoseUpperCaseHasOtherBytes) {
   const RegistryFile file = read(
       "Windows Registry Editor Version "
       "5.00\r\n\r\n[HKEY_LOCAL_MACHINE\\S\xC4\xB1\\Below]\r\n\"A\"=\"1\"\r\n");
-  EXPECT_THAT(file.subkeys("HKEY_LOCAL_MACHINE\\S\xC4\xB1"), ElementsAre("Below"));
+  EXPECT_THAT(file.subkeys("HKEY_LOCAL_MACHINE\\S\xC4\xB1"), LinesAre({"Below"}));
 }
 
 TEST(RegistryRemoval, RemovesAValueWhereverItIsWritten) {

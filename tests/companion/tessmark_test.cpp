@@ -2,11 +2,12 @@
 #include <gmock/gmock.h>
 
 #include "tests/companion/lab_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::companion::test {
 namespace {
 
-constexpr const char* kKey = R"(SOFTWARE\Kelmont Works\Tessmark\Agent)";
+constexpr const char* kTessmarkKey = R"(SOFTWARE\Kelmont Works\Tessmark\Agent)";
 
 class Tessmark : public testing::Test {
  protected:
@@ -41,7 +42,7 @@ TEST_F(Tessmark, InstallPutsItsFilesItsKeyAndItsRunningServiceOnTheComputer) {
   EXPECT_EQ(install(), 150);
   EXPECT_EQ(readText(folder() / "TkwService.exe"), "change tracker");
   EXPECT_EQ(readText(folder() / "remins" / "vhsetup.ins"), "[Setup]\r\nSystem=TRACKED\r\n");
-  EXPECT_EQ(registryText(lab_, "WKS01", kKey, "Version"), "5.0");
+  EXPECT_EQ(registryText(lab_, "WKS01", kTessmarkKey, "Version"), "5.0");
   const ServiceEntry service = serviceOn(lab_, "WKS01", "TkwService");
   EXPECT_TRUE(service.running);
   EXPECT_EQ(service.path, R"(C:\Program Files\Kelmont Works\Tessmark\TkwService.exe)");
@@ -127,15 +128,10 @@ TEST_F(Tessmark, IsUpgradedAlsoToTheVersionThatItHas) {
   job.systemName = R"(\\WKS01)";
   job.agentMode = 1;
   EXPECT_EQ(lab_.run(JobKind::Upgrade, job, lab_.changesMaterial("5.1")), 700);
-  EXPECT_EQ(registryText(lab_, "WKS01", kKey, "Version"), "5.1");
+  EXPECT_EQ(registryText(lab_, "WKS01", kTessmarkKey, "Version"), "5.1");
   EXPECT_EQ(lab_.run(JobKind::Upgrade, job, lab_.changesMaterial("5.1")), 700);
   EXPECT_FALSE(serviceOn(lab_, "WKS01", "TkwService").interacts);
 }
-
-struct Refusal {
-  const char* line;
-  std::int32_t code;
-};
 
 class RefusedTessmark : public testing::TestWithParam<Refusal> {};
 
@@ -180,12 +176,11 @@ TEST(TessmarkSteps, StandInTheirOrder) {
   std::vector<std::string> install, uninstall;
   for (const Step& step : tessmarkInstallSteps()) install.emplace_back(step.name);
   for (const Step& step : tessmarkUninstallSteps()) uninstall.emplace_back(step.name);
-  EXPECT_THAT(install, testing::ElementsAre("connect", "version", "stop", "directory", "copy",
-                                            "remote_registry", "registry", "service_manager", "service",
-                                            "start", "snapshots", "earlier_folder"));
-  EXPECT_THAT(uninstall,
-              testing::ElementsAre("connect", "remote_registry", "service_manager", "find", "stop", "delete",
-                                   "remove_snapshots", "remove_files", "remove_registry"));
+  EXPECT_THAT(install,
+              LinesAre({"connect", "version", "stop", "directory", "copy", "remote_registry", "registry",
+                        "service_manager", "service", "start", "snapshots", "earlier_folder"}));
+  EXPECT_THAT(uninstall, LinesAre({"connect", "remote_registry", "service_manager", "find", "stop", "delete",
+                                   "remove_snapshots", "remove_files", "remove_registry"}));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/companion/lab_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::companion::test {
 namespace {
@@ -100,11 +101,6 @@ TEST_F(Uninstall, DoesNotFollowAListOutOfTheAgentsFolder) {
   EXPECT_FALSE(std::filesystem::exists(agentFolderOn(host) / "vhagent.exe"));
 }
 
-struct Refusal {
-  const char* line;
-  std::int32_t code;
-};
-
 class RefusedUninstall : public testing::TestWithParam<Refusal> {};
 
 TEST_P(RefusedUninstall, EndsWithTheCodeOfTheStepAndPutsEverythingBack) {
@@ -134,8 +130,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(Uninstall, HasItsStepsInTheirOrder) {
   std::vector<std::string> names;
   for (const Step& step : uninstallSteps()) names.emplace_back(step.name);
-  EXPECT_THAT(names, testing::ElementsAre("connect", "remote_registry", "service_manager", "find", "stop",
-                                          "delete", "remove_files", "remove_registry"));
+  EXPECT_THAT(names, LinesAre({"connect", "remote_registry", "service_manager", "find", "stop", "delete",
+                               "remove_files", "remove_registry"}));
 }
 
 }  // namespace

@@ -1,13 +1,12 @@
 #include <gmock/gmock.h>
 
 #include "tests/companion/lab_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::companion::test {
 namespace {
 
 using testing::HasSubstr;
-
-constexpr const char* kKey = R"(SOFTWARE\Kelmont Works\Varnhold\Agent)";
 
 /// An agent of version 6.0 on WKS01, and the files of 7.0 at the manager.
 class Upgrade : public testing::Test {
@@ -28,7 +27,7 @@ class Upgrade : public testing::Test {
     return record;
   }
   [[nodiscard]] std::string value(const std::string& name) const {
-    return registryText(lab_, "WKS01", kKey, name);
+    return registryText(lab_, "WKS01", kAgentKey, name);
   }
   void setManagersMode(const std::string& mode) const {
     writeText(lab_.agentFolder() / "vhaconfig.ini", "[Performance]\r\nHighPerformance=" + mode + "\r\n");
@@ -111,7 +110,7 @@ TEST_F(Upgrade, WritesTheModeOfTheRecord) {
   job.agentMode = 5;
   EXPECT_EQ(lab_.upgrade(job), 700);
   const auto computer = lab_.network().find("WKS01");
-  for (const NamedValue& found : computer->registry().values(kKey)) {
+  for (const NamedValue& found : computer->registry().values(kAgentKey)) {
     if (found.name == "Mode") {
       EXPECT_EQ(found.value.bytes, std::string("\5\0\0\0", 4));
     }
@@ -177,7 +176,7 @@ TEST_F(Upgrade, OfTheSameVersionGoesThroughForAnotherModeOrConfiguration) {
 
 TEST_F(Upgrade, FailsWith705WhenTheAgentBelongsToAnotherManager) {
   const std::string other = "OTHER" + std::string(1, '\0');
-  ASSERT_EQ(lab_.network().find("WKS01")->registry().set(kKey, {"Manager", {platform::kRegText, other}}),
+  ASSERT_EQ(lab_.network().find("WKS01")->registry().set(kAgentKey, {"Manager", {platform::kRegText, other}}),
             kDone);
   const auto before = snapshot(host_);
   EXPECT_EQ(lab_.upgrade(record()), 705);
@@ -241,11 +240,6 @@ TEST_F(Upgrade, GoesByItsScript) {
   EXPECT_EQ(value("Version"), "7.0");
 }
 
-struct Refusal {
-  const char* line;
-  std::int32_t code;
-};
-
 class RefusedUpgrade : public testing::TestWithParam<Refusal> {};
 
 TEST_P(RefusedUpgrade, EndsWithTheCodeOfTheStepAndPutsEverythingBack) {
@@ -278,9 +272,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(UpgradeSteps, StandInTheirOrder) {
   std::vector<std::string> names;
   for (const Step& step : upgradeSteps()) names.emplace_back(step.name);
-  EXPECT_THAT(names, testing::ElementsAre("local_registry", "connect", "remote_registry", "service_manager",
-                                          "find", "owner", "version", "stop", "copy", "config_file", "mode",
-                                          "registry", "desktop", "start"));
+  EXPECT_THAT(names,
+              LinesAre({"local_registry", "connect", "remote_registry", "service_manager", "find", "owner",
+                        "version", "stop", "copy", "config_file", "mode", "registry", "desktop", "start"}));
 }
 
 }  // namespace

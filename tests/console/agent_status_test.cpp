@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tests/console/status_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::console {
 namespace {
@@ -43,7 +44,7 @@ TEST_F(StatusTest, GivesEachKindOfAgentItsWords) {
     add("HOST1", type);
     if (*agents != '\0') agent("HOST1", agents);
     EXPECT_TRUE(load());
-    EXPECT_THAT(rows(), ElementsAre(std::string("HOST1|") + status)) << type << " with " << agents;
+    EXPECT_THAT(rows(), LinesAre({std::string("HOST1|") + status})) << type << " with " << agents;
   }
 }
 
@@ -68,7 +69,7 @@ TEST_F(StatusTest, AppliesTheAgentsOfOneComputerOneAfterAnother) {
     agent("HOST1", first);
     agent("HOST1", second);
     EXPECT_TRUE(load());
-    EXPECT_THAT(rows(), ElementsAre(std::string("HOST1|") + status)) << first << " then " << second;
+    EXPECT_THAT(rows(), LinesAre({std::string("HOST1|") + status})) << first << " then " << second;
   }
 }
 
@@ -77,7 +78,7 @@ TEST_F(StatusTest, KeepsASysLogSystemsFirstStatus) {
   agent("LOG1", "2,0,1,0");
   agent("LOG1", "1,0,514,0");
   EXPECT_TRUE(load());
-  EXPECT_THAT(rows(), ElementsAre("LOG1|Tracking Changes|"));
+  EXPECT_THAT(rows(), LinesAre({"LOG1|Tracking Changes|"}));
 }
 
 TEST_F(StatusTest, SaysNotApplicableForOldWindowsAndKeepsThePort) {
@@ -87,7 +88,7 @@ TEST_F(StatusTest, SaysNotApplicableForOldWindowsAndKeepsThePort) {
     add("OLD2", type);
     agent("OLD1", "1,0,32001,0");
     EXPECT_TRUE(load());
-    EXPECT_THAT(rows(), ElementsAre("OLD1|Not Applicable|32001", "OLD2|Not Applicable|")) << type;
+    EXPECT_THAT(rows(), LinesAre({"OLD1|Not Applicable|32001", "OLD2|Not Applicable|"})) << type;
   }
 }
 
@@ -96,7 +97,7 @@ TEST_F(StatusTest, LeavesEveryComputerUnmanagedWithoutAgents) {
   add("OLD1", "Windows 98");
   add("HOST2", "...");
   EXPECT_TRUE(load());
-  EXPECT_THAT(rows(), ElementsAre("HOST1|Unmanaged|", "OLD1|Not Applicable|", "HOST2|Unmanaged|"));
+  EXPECT_THAT(rows(), LinesAre({"HOST1|Unmanaged|", "OLD1|Not Applicable|", "HOST2|Unmanaged|"}));
 }
 
 TEST_F(StatusTest, FindsAComputerWhateverTheCaseOfItsName) {
@@ -105,7 +106,7 @@ TEST_F(StatusTest, FindsAComputerWhateverTheCaseOfItsName) {
   agent("hOST1", "1,0,32001,0");
   agent("B\xC3\x9CRO", "2,0,1,0");
   EXPECT_TRUE(load());
-  EXPECT_THAT(rows(), ElementsAre("Host1|Managed - Standard Mode|32001", "B\xC3\xBCro|Tracking Changes|"));
+  EXPECT_THAT(rows(), LinesAre({"Host1|Managed - Standard Mode|32001", "B\xC3\xBCro|Tracking Changes|"}));
 }
 
 TEST_F(StatusTest, AppliesAnAgentToEveryRowOfItsName) {
@@ -115,7 +116,7 @@ TEST_F(StatusTest, AppliesAnAgentToEveryRowOfItsName) {
   agent("Host1", "1,0,32001,0");
   EXPECT_TRUE(load());
   EXPECT_THAT(rows(),
-              ElementsAre("HOST1|Managed - Standard Mode|32001", "HOST2|Unmanaged|", "host1|Managed|32001"));
+              LinesAre({"HOST1|Managed - Standard Mode|32001", "HOST2|Unmanaged|", "host1|Managed|32001"}));
 }
 
 TEST_F(StatusTest, PassesOverAgentsOfComputersThatAreNotInTheList) {
@@ -123,7 +124,7 @@ TEST_F(StatusTest, PassesOverAgentsOfComputersThatAreNotInTheList) {
   agent("HOST", "1,0,32001,0");
   agent("HOST10", "1,0,32001,0");
   EXPECT_TRUE(load());
-  EXPECT_THAT(rows(), ElementsAre("HOST1|Unmanaged|"));
+  EXPECT_THAT(rows(), LinesAre({"HOST1|Unmanaged|"}));
 }
 
 TEST_F(StatusTest, LeavesTheRowsBeforeItsStartAlone) {
@@ -132,7 +133,7 @@ TEST_F(StatusTest, LeavesTheRowsBeforeItsStartAlone) {
   agent("HOST1", "1,0,32001,0");
   agent("HOST2", "1,0,32001,0");
   EXPECT_TRUE(load(2));
-  EXPECT_THAT(rows(), ElementsAre("HOST1||", "HOST2|Managed - Standard Mode|32001"));
+  EXPECT_THAT(rows(), LinesAre({"HOST1||", "HOST2|Managed - Standard Mode|32001"}));
 }
 
 TEST_F(StatusTest, LeavesThePortCellAsItWasWhereThePortIsNull) {
@@ -144,8 +145,8 @@ TEST_F(StatusTest, LeavesThePortCellAsItWasWhereThePortIsNull) {
   agent("HOST2", "1,0,NULL,0");
   agent("HOST3", "1,0,32001,0");
   EXPECT_TRUE(load());
-  EXPECT_THAT(rows(), ElementsAre("HOST1|Managed - Standard Mode|", "HOST2|Tracking Changes & Events|32001",
-                                  "HOST3|Managed - Standard Mode|32001"));
+  EXPECT_THAT(rows(), LinesAre({"HOST1|Managed - Standard Mode|", "HOST2|Tracking Changes & Events|32001",
+                                "HOST3|Managed - Standard Mode|32001"}));
   EXPECT_THAT(fake.journal, ElementsAre());
 }
 
@@ -175,9 +176,9 @@ TEST_F(StatusTest, TakesEveryRealAgentForAStandardOneWhereTheColumnSystemTypeIsM
   // SysLog systems without an agent of module 1 stay without status.
   EXPECT_THAT(
       rows(),
-      ElementsAre("STANDARD|Managed - Standard Mode|", "AGENTLESS|Unmanaged|", "LOG|Managed - Standard Mode|",
-                  "LOGAGENTLESS|Unmanaged|", "CHANGES|Tracking Changes|", "BOTH|Tracking Changes & Events|",
-                  "FIVE|Unmanaged|", "LOGFIVE|Unmanaged|", "NULLPORT|Managed - Standard Mode|"));
+      LinesAre({"STANDARD|Managed - Standard Mode|", "AGENTLESS|Unmanaged|", "LOG|Managed - Standard Mode|",
+                "LOGAGENTLESS|Unmanaged|", "CHANGES|Tracking Changes|", "BOTH|Tracking Changes & Events|",
+                "FIVE|Unmanaged|", "LOGFIVE|Unmanaged|", "NULLPORT|Managed - Standard Mode|"}));
   EXPECT_THAT(fake.journal, ElementsAre());
 }
 
@@ -194,9 +195,8 @@ TEST_F(StatusTest, RemembersAMissingPortUntilAnAgentOfAModeHasTakenItsPlace) {
   EXPECT_TRUE(load());
   // The first agent's port fails; the second meets the remembered error and counts as standard, which
   // forgets it.
-  EXPECT_THAT(rows(),
-              ElementsAre("HOST1|Managed - High Performance Mode|", "HOST2|Managed - Standard Mode|",
-                          "HOST3|Managed - High Performance Mode|", "HOST4|Managed - Standard Mode|"));
+  EXPECT_THAT(rows(), LinesAre({"HOST1|Managed - High Performance Mode|", "HOST2|Managed - Standard Mode|",
+                                "HOST3|Managed - High Performance Mode|", "HOST4|Managed - Standard Mode|"}));
 }
 
 TEST_F(StatusTest, CountsEveryAgentAsAgentlessWhereTheColumnAgentlessIsMissing) {
@@ -205,14 +205,14 @@ TEST_F(StatusTest, CountsEveryAgentAsAgentlessWhereTheColumnAgentlessIsMissing) 
   inventory.execute(
       "INSERT INTO Module_Table (System_Name, Module_ID, Port, SystemType) VALUES ('HOST1', 1, 32001, 0)");
   EXPECT_TRUE(load());
-  EXPECT_THAT(rows(), ElementsAre("HOST1|Managed - Agentless Mode|32001"));
+  EXPECT_THAT(rows(), LinesAre({"HOST1|Managed - Agentless Mode|32001"}));
 }
 
 TEST_F(StatusTest, ShowsAnyOtherErrorAndSaysFalse) {
   add("HOST1", "Windows XP");
   inventory.execute("DROP TABLE Module_Table");
   EXPECT_FALSE(load());
-  EXPECT_THAT(rows(), ElementsAre("HOST1||"));
+  EXPECT_THAT(rows(), LinesAre({"HOST1||"}));
   EXPECT_THAT(fake.journal, ElementsAre(testing::AllOf(testing::StartsWith("MessageBox critical: "),
                                                        testing::HasSubstr("Module_Table"))));
 }

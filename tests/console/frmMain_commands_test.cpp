@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/console/console_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::console {
 namespace {
@@ -106,9 +107,9 @@ TEST_F(CommandsTest, TheMenusOfferStartAndStatusForTheFocusedRow) {
       menu->userClick();
     };
     EXPECT_THAT(computersFor(look, [&] { return frmMain.mnuToolsStart.Enabled.get(); }),
-                ElementsAre("BOTH", "CHANGES", "STANDARD"));
+                LinesAre({"BOTH", "CHANGES", "STANDARD"}));
     EXPECT_THAT(computersFor(look, [&] { return frmMain.mnuToolsStatus.Enabled.get(); }),
-                ElementsAre("BOTH", "CHANGES", "STANDARD"));
+                LinesAre({"BOTH", "CHANGES", "STANDARD"}));
   }
 }
 
@@ -131,9 +132,9 @@ TEST_F(CommandsTest, TheRuleLooksAtOneRowWhenSeveralAreSelected) {
 TEST_F(CommandsTest, TheListsPopUpOffersStartAndStatusForTheRowUnderThePointer) {
   const auto look = [&](const std::string& name) { rightPress(name); };
   EXPECT_THAT(computersFor(look, [&] { return frmMain.mnuPopUpListStart.Enabled.get(); }),
-              ElementsAre("BOTH", "CHANGES", "STANDARD"));
+              LinesAre({"BOTH", "CHANGES", "STANDARD"}));
   EXPECT_THAT(computersFor(look, [&] { return frmMain.mnuPopUpListStatus.Enabled.get(); }),
-              ElementsAre("BOTH", "CHANGES", "STANDARD"));
+              LinesAre({"BOTH", "CHANGES", "STANDARD"}));
 }
 
 TEST_F(CommandsTest, TheListsPopUpLooksAtTheRowUnderThePointerAndNotAtTheFocusedOne) {
@@ -141,14 +142,14 @@ TEST_F(CommandsTest, TheListsPopUpLooksAtTheRowUnderThePointerAndNotAtTheFocused
   frmMain.lvListView.userClick(rowOf("STANDARD"), ui::kControl);
   rightPress("UNMANAGED");
   EXPECT_FALSE(frmMain.mnuPopUpListStart.Enabled);
-  EXPECT_THAT(selected(), ElementsAre("STANDARD", "UNMANAGED"));
+  EXPECT_THAT(selected(), LinesAre({"STANDARD", "UNMANAGED"}));
 }
 
 TEST_F(CommandsTest, ARightPressSelectsItsRowBesideTheOthers) {
   frmMain.lvListView.userClick(rowOf("BOTH"));
   rightPress("HIGH");
-  EXPECT_THAT(selected(), ElementsAre("BOTH", "HIGH"));
-  EXPECT_THAT(popUps(), ElementsAre("PopupMenu mnuPopUpList -> nothing"));
+  EXPECT_THAT(selected(), LinesAre({"BOTH", "HIGH"}));
+  EXPECT_THAT(popUps(), LinesAre({"PopupMenu mnuPopUpList -> nothing"}));
 }
 
 TEST_F(CommandsTest, TheListsPopUpNeverOffersToModifyTheType) {
@@ -167,15 +168,15 @@ TEST_F(CommandsTest, ARightPressOnANodeSelectsAndLoadsIt) {
   frmMain.mnuPopUpTreeEdit.Enabled = false;
   frmMain.tvTreeView.userMouseDown(ui::MouseButton::Right, 2);
   EXPECT_EQ(selectedNode(), "Web");
-  EXPECT_THAT(names(), ElementsAre("HIGH"));
+  EXPECT_THAT(names(), LinesAre({"HIGH"}));
   EXPECT_TRUE(frmMain.mnuPopUpTreeEdit.Enabled);
-  EXPECT_THAT(popUps(), ElementsAre("PopupMenu mnuPopUpTree -> nothing"));
+  EXPECT_THAT(popUps(), LinesAre({"PopupMenu mnuPopUpTree -> nothing"}));
 }
 
 TEST_F(CommandsTest, ARightPressOnTheSelectedNodeLoadsNothing) {
   frmMain.CurrentNodeText = "";
   frmMain.tvTreeView.userMouseDown(ui::MouseButton::Right, 1);
-  EXPECT_THAT(fake.journal, ElementsAre("PopupMenu mnuPopUpTree -> nothing"));
+  EXPECT_THAT(fake.journal, LinesAre({"PopupMenu mnuPopUpTree -> nothing"}));
 }
 
 TEST_F(CommandsTest, OnlyARightPressOnANodeShowsThePopUp) {
@@ -200,10 +201,10 @@ TEST_F(CommandsTest, ToolBarsAndPopUpsRunTheCommandsOfTheMenus) {
     ui.nextPopUp(entry);
     rightPress("STANDARD");
   }
-  EXPECT_THAT(ran, ElementsAre("mnuToolsConfigureClient", "mnuOptionsAddSystems", "mnuOptionsCreateGroup",
-                               "mnuOptionsDeleteGroup", "mnuToolsInstall", "mnuToolsUninstall",
-                               "mnuToolsUpgrade", "mnuToolsRemoveComponents", "mnuToolsStart",
-                               "mnuToolsStatus", "mnuToolsConfigureClient"));
+  EXPECT_THAT(ran, LinesAre({"mnuToolsConfigureClient", "mnuOptionsAddSystems", "mnuOptionsCreateGroup",
+                             "mnuOptionsDeleteGroup", "mnuToolsInstall", "mnuToolsUninstall",
+                             "mnuToolsUpgrade", "mnuToolsRemoveComponents", "mnuToolsStart", "mnuToolsStatus",
+                             "mnuToolsConfigureClient"}));
 }
 
 class ModeCommandTest : public CommandsTest {
@@ -225,8 +226,8 @@ TEST_F(ModeCommandTest, EnumeratesWhereTheModeIsAutomaticAndNoThreadRuns) {
   StatusWatch watch(frmMain.sbStatusBar, fake.journal);
   choose(true);
   EXPECT_THAT(fakes::linesOf(fake.journal, "Status"),
-              ElementsAre("Status Appling Changes...", "Status Displaying Windows Systems"));
-  EXPECT_THAT(enumerations(), ElementsAre("qrvNetworkEnum -> 8"));
+              LinesAre({"Status Appling Changes...", "Status Displaying Windows Systems"}));
+  EXPECT_THAT(enumerations(), LinesAre({"qrvNetworkEnum -> 8"}));
   EXPECT_EQ(program.gEnumThread, 8u);
   EXPECT_EQ(panel(2), "Auto Discover");
   EXPECT_FALSE(isBusy());
@@ -250,7 +251,7 @@ TEST_F(ModeCommandTest, RefreshAsksTheLibraryInManualModeToo) {
   program.gEnumThread = 0;
   choose(false);
   frmMain.mnuViewRefresh.userClick();
-  EXPECT_THAT(enumerations(), ElementsAre("qrvNetworkEnum -> 8"));
+  EXPECT_THAT(enumerations(), LinesAre({"qrvNetworkEnum -> 8"}));
 }
 
 class DetailsTest : public CommandsTest {
@@ -309,7 +310,7 @@ TEST_F(CommandsTest, ACreatedGroupIsSelected) {
   frmMain.showCreatedGroup("NEW");
   EXPECT_EQ(selectedNode(), "New");
   EXPECT_EQ(frmMain.CurrentNodeText, "New");
-  EXPECT_THAT(names(), ElementsAre("BOTH"));
+  EXPECT_THAT(names(), LinesAre({"BOTH"}));
 }
 
 TEST_F(CommandsTest, TheListStaysWhereTheCreatedGroupIsNotFound) {
@@ -318,18 +319,18 @@ TEST_F(CommandsTest, TheListStaysWhereTheCreatedGroupIsNotFound) {
   frmMain.showCreatedGroup("Lost");
   EXPECT_EQ(names(), before);
   EXPECT_EQ(frmMain.CurrentNodeText, "");
-  EXPECT_THAT(statements(), ElementsAre("SQL: SELECT * FROM System_Group_Detail"));
+  EXPECT_THAT(statements(), LinesAre({"SQL: SELECT * FROM System_Group_Detail"}));
 }
 
 TEST_F(CommandsTest, AnEditedGroupIsSelected) {
   StatusWatch watch(frmMain.sbStatusBar, fake.journal);
   frmMain.showEditedGroup("web");
   EXPECT_THAT(fakes::linesOf(fake.journal, "Status"),
-              ElementsAre("Status Please Wait...", "Status Reloading...", "Status Reading...",
-                          "Status Displaying Windows Systems"));
+              LinesAre({"Status Please Wait...", "Status Reloading...", "Status Reading...",
+                        "Status Displaying Windows Systems"}));
   EXPECT_EQ(selectedNode(), "Web");
   EXPECT_EQ(frmMain.CurrentNodeText, "Web");
-  EXPECT_THAT(names(), ElementsAre("HIGH"));
+  EXPECT_THAT(names(), LinesAre({"HIGH"}));
 }
 
 TEST_F(CommandsTest, EveryComputerIsShownWhereTheEditedGroupHasGone) {

@@ -3,6 +3,7 @@
 
 #include "core/registry_values.h"
 #include "tests/console/console_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::console {
 namespace {
@@ -58,20 +59,20 @@ TEST_F(LifeTest, FillsTreeAndListWhenItIsFirstActivated) {
   frmMain.Show();
   EXPECT_THAT(
       fake.journal,
-      ElementsAre("Show frmMain", "Pointer 11",
-                  "Status Gathering Network Information... (Network problems may cause delay.)",
-                  "qrvNetworkEnum -> 7", "Sleep 400", "Status Loading...",
-                  "SQL: SELECT * FROM System_Group_Detail", "Status Reading...",
-                  "SQL: SELECT * FROM System_Table WHERE System_Type <> 99999",
-                  "SQL: SELECT * FROM Module_Table", "Status Displaying Windows Systems", "Pointer 0"));
+      LinesAre({"Show frmMain", "Pointer 11",
+                "Status Gathering Network Information... (Network problems may cause delay.)",
+                "qrvNetworkEnum -> 7", "Sleep 400", "Status Loading...",
+                "SQL: SELECT * FROM System_Group_Detail", "Status Reading...",
+                "SQL: SELECT * FROM System_Table WHERE System_Type <> 99999",
+                "SQL: SELECT * FROM Module_Table", "Status Displaying Windows Systems", "Pointer 0"}));
   EXPECT_THAT(
       whileEnumerating,
-      ElementsAre("Gathering Network Information... (Network problems may cause delay.)", "...", "busy"));
+      LinesAre({"Gathering Network Information... (Network problems may cause delay.)", "...", "busy"}));
   EXPECT_EQ(program.gEnumThread, 7u);
-  EXPECT_THAT(nodes(), ElementsAre("Groups", "Servers"));
+  EXPECT_THAT(nodes(), LinesAre({"Groups", "Servers"}));
   EXPECT_EQ(selectedNode(), "Groups");
   EXPECT_EQ(frmMain.CurrentNodeText, "Groups");
-  EXPECT_THAT(rows(), ElementsAre("HOST1|Windows XP|-none-|Unmanaged|"));
+  EXPECT_THAT(rows(), LinesAre({"HOST1|Windows XP|-none-|Unmanaged|"}));
   EXPECT_EQ(panel(3), "1 Systems");
   EXPECT_FALSE(isBusy());
 }
@@ -91,7 +92,7 @@ TEST_F(LifeTest, SetsOnlyItsStatusBarAtLaterActivations) {
   forms.frmSplash.Show();
   fake.journal.clear();
   forms.frmSplash.Unload();
-  EXPECT_THAT(fake.journal, ElementsAre("Close frmSplash", "Pointer 11", "Pointer 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"Close frmSplash", "Pointer 11", "Pointer 0"}));
   EXPECT_EQ(panel(1), "Displaying Windows Systems");
   EXPECT_EQ(panel(3), "0 Systems");
 }
@@ -103,10 +104,10 @@ TEST_F(LifeTest, EndsItsThreadsThenTheConnectionsWhenItCloses) {
   std::string title;
   ui.onPump = [&] { title = forms.frmWait.lblTitle.Caption; };
   frmMain.userClose();
-  EXPECT_THAT(fake.journal, ElementsAre("Show modal frmWait", "Sleep 200", "GetExitCodeThread 7 -> 259",
-                                        "Sleep 200", "GetExitCodeThread 7 -> 259", "Sleep 200",
-                                        "GetExitCodeThread 7 -> 1000", "CloseHandle 7", "Close frmWait",
-                                        "Pointer 11", "Pointer 0", "qrvCloseDbConnection", "Close frmMain"));
+  EXPECT_THAT(fake.journal, LinesAre({"Show modal frmWait", "Sleep 200", "GetExitCodeThread 7 -> 259",
+                                      "Sleep 200", "GetExitCodeThread 7 -> 259", "Sleep 200",
+                                      "GetExitCodeThread 7 -> 1000", "CloseHandle 7", "Close frmWait",
+                                      "Pointer 11", "Pointer 0", "qrvCloseDbConnection", "Close frmMain"}));
   EXPECT_EQ(title, "Varnhold - System Manager is closing...");
   EXPECT_TRUE(program.gClosing);
   EXPECT_EQ(program.gEnumThread, 0u);
@@ -133,7 +134,7 @@ TEST_F(LifeTest, EndsTheProgramWhenTheTreeIsToBeLoadedWhileItCloses) {
   });
   EXPECT_TRUE(ui.screen.hasEnded());
   EXPECT_FALSE(wentOn);
-  EXPECT_THAT(nodes(), ElementsAre("Groups"));
+  EXPECT_THAT(nodes(), LinesAre({"Groups"}));
 }
 
 TEST_F(LifeTest, IsNeverNarrowerThan3000Twips) {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/console/console_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::console {
 namespace {
@@ -26,7 +27,7 @@ TEST_F(ListsTest, ShowsGroupsInTheOrderOfTheirRules) {
   addGroup("Accounts");
   inventory.execute("INSERT INTO System_Group_Master (Group_Name, Auto) VALUES ('No rule', 0)");
   frmMain.LoadTree();
-  EXPECT_THAT(nodes(), ElementsAre("Groups", "Web", "Accounts"));
+  EXPECT_THAT(nodes(), LinesAre({"Groups", "Web", "Accounts"}));
   auto& tree = frmMain.tvTreeView;
   EXPECT_EQ(tree.Nodes(1).Key(), "qrv_Root_Node_Key");
   EXPECT_EQ(tree.Nodes(2).Key(), "WebKey");
@@ -40,14 +41,14 @@ TEST_F(ListsTest, EndsTheTreeAtASecondRuleOfOneGroupWithoutAWord) {
   inventory.execute("INSERT INTO System_Group_Detail (Group_Name, OS_Type) VALUES ('Web', 4)");
   addGroup("Later");
   frmMain.LoadTree();
-  EXPECT_THAT(nodes(), ElementsAre("Groups", "Web"));
+  EXPECT_THAT(nodes(), LinesAre({"Groups", "Web"}));
   EXPECT_THAT(boxes(), IsEmpty());
 }
 
 TEST_F(ListsTest, ShowsTheRootAloneWithoutATableOfRules) {
   inventory.execute("DROP TABLE System_Group_Detail");
   frmMain.LoadTree();
-  EXPECT_THAT(nodes(), ElementsAre("Groups"));
+  EXPECT_THAT(nodes(), LinesAre({"Groups"}));
   EXPECT_THAT(boxes(), IsEmpty());
 }
 
@@ -58,8 +59,8 @@ TEST_F(ListsTest, ShowsEveryComputer) {
   addComputer("ODD", 12);
   addAgent("zeus", 1);
   EXPECT_TRUE(frmMain.LoadAllComputers("Reading..."));
-  EXPECT_THAT(rows(), ElementsAre("ATLAS|SysLog System|-none-|Unmanaged|", "ODD|...|-none-|Unmanaged|",
-                                  "ZEUS|Windows 2000 - Server|Mail|Managed - Standard Mode|32001"));
+  EXPECT_THAT(rows(), LinesAre({"ATLAS|SysLog System|-none-|Unmanaged|", "ODD|...|-none-|Unmanaged|",
+                                "ZEUS|Windows 2000 - Server|Mail|Managed - Standard Mode|32001"}));
   auto& row = frmMain.lvListView.ListItems(3);
   EXPECT_EQ(row.Tag, "10.1.1.9");
   EXPECT_EQ(row.SmallIcon, 1);
@@ -76,7 +77,7 @@ TEST_F(ListsTest, ReplacesWhatTheListHeld) {
   inventory.execute("DELETE FROM System_Table");
   addComputer("HOST2");
   EXPECT_TRUE(frmMain.LoadAllComputers("Reading..."));
-  EXPECT_THAT(names(), ElementsAre("HOST2"));
+  EXPECT_THAT(names(), LinesAre({"HOST2"}));
 }
 
 TEST_F(ListsTest, ShowsAGroupsMembersUnderItsDescription) {
@@ -86,13 +87,13 @@ TEST_F(ListsTest, ShowsAGroupsMembersUnderItsDescription) {
   addGroup("Web", {"HOST2", "RULE", "GONE"}, "All web servers");
   EXPECT_TRUE(frmMain.LoadGroupMembers("Web", "Reading..."));
   // Deliberately without the filter of the whole list.
-  EXPECT_THAT(names(), ElementsAre("HOST2", "RULE"));
+  EXPECT_THAT(names(), LinesAre({"HOST2", "RULE"}));
   EXPECT_EQ(listTitle(), "Web - All web servers");
   EXPECT_THAT(statements(),
-              ElementsAre("SQL: SELECT * FROM System_Group, System_Table WHERE Group_Name = 'Web' AND "
-                          "System_Group.System_Name = System_Table.System_Name",
-                          "SQL: SELECT * FROM System_Group_Master WHERE Group_Name = 'Web'",
-                          "SQL: SELECT * FROM Module_Table"));
+              LinesAre({"SQL: SELECT * FROM System_Group, System_Table WHERE Group_Name = 'Web' AND "
+                        "System_Group.System_Name = System_Table.System_Name",
+                        "SQL: SELECT * FROM System_Group_Master WHERE Group_Name = 'Web'",
+                        "SQL: SELECT * FROM Module_Table"}));
 }
 
 TEST_F(ListsTest, TakesTheNameGroupsForTheMembersOfEveryGroup) {
@@ -100,7 +101,7 @@ TEST_F(ListsTest, TakesTheNameGroupsForTheMembersOfEveryGroup) {
   addGroup("Web", {"HOST1", "HOST2"});
   addGroup("Mail", {"HOST1"});
   EXPECT_TRUE(frmMain.LoadGroupMembers("Groups", "Reading..."));
-  EXPECT_THAT(names(), ElementsAre("HOST1", "HOST1", "HOST2"));
+  EXPECT_THAT(names(), LinesAre({"HOST1", "HOST1", "HOST2"}));
   EXPECT_EQ(listTitle(), " All Domain Computers");
 }
 
@@ -121,8 +122,8 @@ TEST_F(ListsTest, IsBusyWhileItReads) {
   StatusWatch watch(frmMain.sbStatusBar, fake.journal);
   EXPECT_TRUE(frmMain.LoadAllComputers("One moment"));
   EXPECT_THAT(fake.journal,
-              ElementsAre("Status One moment", "SQL: SELECT * FROM System_Table WHERE System_Type <> 99999",
-                          "SQL: SELECT * FROM Module_Table", "Status Displaying Windows Systems"));
+              LinesAre({"Status One moment", "SQL: SELECT * FROM System_Table WHERE System_Type <> 99999",
+                        "SQL: SELECT * FROM Module_Table", "Status Displaying Windows Systems"}));
 }
 
 TEST_F(ListsTest, ShowsBusyAndFree) {
@@ -142,7 +143,7 @@ TEST_F(ListsTest, KeepsTheRowsWithoutStatusWhereTheAgentsCannotBeRead) {
   addComputer("HOST1");
   inventory.execute("DROP TABLE Module_Table");
   EXPECT_TRUE(frmMain.LoadAllComputers("Reading..."));
-  EXPECT_THAT(rows(), ElementsAre("HOST1|Windows XP|-none-||"));
+  EXPECT_THAT(rows(), LinesAre({"HOST1|Windows XP|-none-||"}));
   EXPECT_THAT(boxes(), ElementsAre(StartsWith("MessageBox critical: "),
                                    "MessageBox critical: Could not display agent status."));
   EXPECT_FALSE(isBusy());
@@ -155,7 +156,7 @@ TEST_F(ListsTest, FailsAtAComputerWithoutTypeAndKeepsTheRowsBeforeIt) {
   addGroup("Web", {"HOST1", "HOST2"});
   EXPECT_FALSE(frmMain.LoadGroupMembers("Web", "Reading..."));
   EXPECT_THAT(names(), testing::Contains("HOST1"));
-  EXPECT_THAT(boxes(), ElementsAre("MessageBox critical: Invalid use of Null"));
+  EXPECT_THAT(boxes(), LinesAre({"MessageBox critical: Invalid use of Null"}));
   EXPECT_TRUE(frmMain.lvListView.Sorted);
   EXPECT_EQ(panel(1), "Displaying Windows Systems");
 }
@@ -221,7 +222,7 @@ TEST_F(ListsTest, SaysSoWhenTheDatabaseHasGone) {
                                    "MessageBox exclamation: Could not retrieve members."));
   fake.journal.clear();
   frmMain.LoadTree();
-  EXPECT_THAT(nodes(), ElementsAre("Groups"));
+  EXPECT_THAT(nodes(), LinesAre({"Groups"}));
   EXPECT_THAT(boxes(), IsEmpty());
 }
 

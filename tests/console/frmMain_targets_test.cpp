@@ -2,11 +2,11 @@
 #include <gmock/gmock.h>
 
 #include "tests/console/console_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::console {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// As much of the wizard as the console touches.
@@ -101,11 +101,11 @@ class TargetsTest : public OpenConsoleTest {
 TEST_F(TargetsTest, TheComputersHaveTheStatusesOfThisTest) {
   Lines statuses;
   for (auto& row : frmMain.lvListView.ListItems) statuses.push_back(row.Text + ": " + row.SubItems(3).get());
-  EXPECT_THAT(statuses, ElementsAre("AGENTLESS: Managed - Agentless Mode", "BOTH: Tracking Changes & Events",
-                                    "CHANGES: Tracking Changes", "HIGH: Managed - High Performance Mode",
-                                    "LOG: Managed", "MANAGER: Managed - Standard Mode", "OLD: Not Applicable",
-                                    "STANDARD: Managed - Standard Mode", "SUN: Managed - Standard Mode",
-                                    "UNMANAGED: Unmanaged"));
+  EXPECT_THAT(statuses, LinesAre({"AGENTLESS: Managed - Agentless Mode", "BOTH: Tracking Changes & Events",
+                                  "CHANGES: Tracking Changes", "HIGH: Managed - High Performance Mode",
+                                  "LOG: Managed", "MANAGER: Managed - Standard Mode", "OLD: Not Applicable",
+                                  "STANDARD: Managed - Standard Mode", "SUN: Managed - Standard Mode",
+                                  "UNMANAGED: Unmanaged"}));
 }
 
 TEST_F(TargetsTest, TheMenusOpenTheWizardOnItsSelectionPageWithoutRows) {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/console/console_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::console {
 namespace {
@@ -27,11 +28,11 @@ class TreeTest : public OpenConsoleTest {
 
 TEST_F(TreeTest, AClickShowsTheComputersOfTheNode) {
   tree.userClick(kMail);
-  EXPECT_THAT(names(), ElementsAre("HOST2"));
+  EXPECT_THAT(names(), LinesAre({"HOST2"}));
   EXPECT_EQ(frmMain.CurrentNodeText, "Mail");
   EXPECT_EQ(listTitle(), "Mail - picked by hand");
   tree.userClick(kRoot);
-  EXPECT_THAT(names(), ElementsAre("HOST1", "HOST2"));
+  EXPECT_THAT(names(), LinesAre({"HOST1", "HOST2"}));
   EXPECT_EQ(frmMain.CurrentNodeText, "Groups");
 }
 
@@ -67,7 +68,7 @@ TEST_F(TreeTest, OpeningAndClosingTheRootShowsEveryComputer) {
   for (const bool expanded : {true, false}) {
     tree.userClick(kWeb);
     tree.userExpand(kRoot, expanded);
-    EXPECT_THAT(names(), ElementsAre("HOST1", "HOST2")) << expanded;
+    EXPECT_THAT(names(), LinesAre({"HOST1", "HOST2"})) << expanded;
     EXPECT_EQ(frmMain.CurrentNodeText, "Groups") << expanded;
   }
 }
@@ -83,7 +84,7 @@ TEST_F(TreeTest, OpeningAndClosingDoNothingWhileTheyAreSuppressed) {
   frmMain.SuppressNodeEvents = true;
   tree.userExpand(kRoot, true);
   tree.userExpand(kRoot, false);
-  EXPECT_THAT(names(), ElementsAre("HOST1"));
+  EXPECT_THAT(names(), LinesAre({"HOST1"}));
 }
 
 TEST_F(TreeTest, RefreshRunsInItsDocumentedOrder) {
@@ -118,7 +119,7 @@ TEST_F(EnumeratingTreeTest, RefreshLeavesAnEnumerationUnderWayAlone) {
 TEST_F(EnumeratingTreeTest, RefreshEnumeratesAnewWhereTheThreadCannotBeAsked) {
   fake.threads.failsGetExitCode = true;
   frmMain.mnuViewRefresh_Click();
-  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvNetworkEnum"), ElementsAre("qrvNetworkEnum -> 8"));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvNetworkEnum"), LinesAre({"qrvNetworkEnum -> 8"}));
 }
 
 TEST_F(TreeTest, RefreshSelectsTheSameGroupAgain) {
@@ -129,7 +130,7 @@ TEST_F(TreeTest, RefreshSelectsTheSameGroupAgain) {
   inventory.execute("INSERT INTO System_Group_Master (Group_Name, Description) VALUES ('MAIL', 'first')");
   frmMain.mnuViewRefresh_Click();
   // The first node whose name is the same but for its case.
-  EXPECT_THAT(nodes(), ElementsAre("Groups", "New", "MAIL", "Mail"));
+  EXPECT_THAT(nodes(), LinesAre({"Groups", "New", "MAIL", "Mail"}));
   EXPECT_EQ(selectedNode(), "MAIL");
   EXPECT_EQ(listTitle(), "MAIL - first");
   EXPECT_EQ(frmMain.CurrentNodeText, "Mail");
@@ -151,7 +152,7 @@ TEST_F(TreeTest, RefreshShowsEveryComputerWhereTheGroupHasGone) {
   tree.userClick(kMail);
   inventory.execute("DELETE FROM System_Group_Detail WHERE Group_Name = 'Mail'");
   frmMain.mnuViewRefresh_Click();
-  EXPECT_THAT(names(), ElementsAre("HOST1", "HOST2"));
+  EXPECT_THAT(names(), LinesAre({"HOST1", "HOST2"}));
   EXPECT_EQ(selectedNode(), "");
   EXPECT_EQ(frmMain.CurrentNodeText, "Mail");
 }
@@ -178,20 +179,20 @@ TEST_F(TreeTest, SortsNamesAscendingAndAllElseDescendingHoweverOftenItIsClicked)
   frmMain.reloadAll();
   for (int click = 0; click < 2; ++click) {
     list.userColumnClick(3);
-    EXPECT_THAT(names(), ElementsAre("HOST2", "HOST0", "HOST1")) << click;
+    EXPECT_THAT(names(), LinesAre({"HOST2", "HOST0", "HOST1"})) << click;
     EXPECT_EQ(list.SortKey, 2);
     EXPECT_EQ(list.SortOrder, ui::SortOrder::Descending);
   }
   for (int click = 0; click < 2; ++click) {
     list.userColumnClick(1);
-    EXPECT_THAT(names(), ElementsAre("HOST0", "HOST1", "HOST2")) << click;
+    EXPECT_THAT(names(), LinesAre({"HOST0", "HOST1", "HOST2"})) << click;
   }
 }
 
 TEST_F(TreeTest, LoadingKeepsTheOrderOfTheLastClick) {
   list.userColumnClick(2);
   frmMain.mnuViewRefresh_Click();
-  EXPECT_THAT(names(), ElementsAre("HOST1", "HOST2"));  // Windows XP before Windows 2000 - Server
+  EXPECT_THAT(names(), LinesAre({"HOST1", "HOST2"}));  // Windows XP before Windows 2000 - Server
   EXPECT_EQ(list.SortKey, 1);
 }
 
@@ -201,7 +202,7 @@ TEST_F(TreeTest, ReloadingAllSelectsTheRoot) {
   frmMain.reloadAll();
   EXPECT_EQ(selectedNode(), "Groups");
   EXPECT_EQ(frmMain.CurrentNodeText, "Groups");
-  EXPECT_THAT(names(), ElementsAre("HOST1", "HOST2"));
+  EXPECT_THAT(names(), LinesAre({"HOST1", "HOST2"}));
 }
 
 TEST_F(TreeTest, ReselectingSearchesFromTheGivenNodeOn) {
@@ -210,9 +211,9 @@ TEST_F(TreeTest, ReselectingSearchesFromTheGivenNodeOn) {
   EXPECT_TRUE(tree.Nodes(1).Expanded);
   // From the root on, its name means the members of every group.
   EXPECT_EQ(frmMain.reselectNode("groups", 1), &tree.Nodes(1));
-  EXPECT_THAT(names(), ElementsAre("HOST1", "HOST2"));
+  EXPECT_THAT(names(), LinesAre({"HOST1", "HOST2"}));
   EXPECT_EQ(frmMain.reselectNode("WEB", 1), &tree.Nodes(kWeb));
-  EXPECT_THAT(names(), ElementsAre("HOST1"));
+  EXPECT_THAT(names(), LinesAre({"HOST1"}));
   EXPECT_EQ(selectedNode(), "Web");
 }
 

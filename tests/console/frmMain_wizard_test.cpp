@@ -2,11 +2,11 @@
 #include <gmock/gmock.h>
 
 #include "tests/console/console_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::console {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// An open console with two computers without an agent, two with one, and the group Web.
@@ -84,7 +84,7 @@ TEST_F(ConsolesWizardTest, OnAGroupOnlyItsComputersCanBeSelected) {
   expectWizard([this] {
     EXPECT_EQ(wizard.cboGroups.Text, "Web");
     EXPECT_FALSE(wizard.cboGroups.Enabled);
-    EXPECT_THAT(namesIn(wizard.lvSelect), ElementsAre("NEW2"));
+    EXPECT_THAT(namesIn(wizard.lvSelect), LinesAre({"NEW2"}));
   });
   frmMain.mnuToolsInstall.userClick();
 }
@@ -92,8 +92,8 @@ TEST_F(ConsolesWizardTest, OnAGroupOnlyItsComputersCanBeSelected) {
 TEST_F(ConsolesWizardTest, TheTreeAddsOnTheSelectionPage) {
   expectWizard([this] {
     EXPECT_EQ(wizard.CurrentPage, 1);
-    EXPECT_THAT(namesIn(wizard.lvSystems), ElementsAre("MANAGER", "NEW1", "NEW2"));
-    EXPECT_THAT(namesIn(wizard.lvSelect), ElementsAre("NEW1", "NEW2"));
+    EXPECT_THAT(namesIn(wizard.lvSystems), LinesAre({"MANAGER", "NEW1", "NEW2"}));
+    EXPECT_THAT(namesIn(wizard.lvSelect), LinesAre({"NEW1", "NEW2"}));
   });
   fromTree("mnuPopUpTreeInstall");
   EXPECT_EQ(shown, 1);
@@ -104,8 +104,8 @@ TEST_F(ConsolesWizardTest, TheTreeRemovesAndUpgradesOnTheRunListsPage) {
     expectWizard([this] {
       EXPECT_EQ(wizard.CurrentPage, 2);
       EXPECT_FALSE(wizard.cmdBack.Enabled);
-      EXPECT_THAT(namesIn(wizard.lvSystems), ElementsAre("OLD1", "OLD2"));
-      EXPECT_THAT(paths(), ElementsAre("OLD1", "OLD2"));
+      EXPECT_THAT(namesIn(wizard.lvSystems), LinesAre({"OLD1", "OLD2"}));
+      EXPECT_THAT(paths(), LinesAre({"OLD1", "OLD2"}));
     });
     fromTree(entry);
   }
@@ -115,9 +115,9 @@ TEST_F(ConsolesWizardTest, TheTreeRemovesAndUpgradesOnTheRunListsPage) {
 TEST_F(ConsolesWizardTest, TheListAddsWhatIsSelectedAndThePathsPageHasIt) {
   expectWizard([this] {
     EXPECT_EQ(wizard.CurrentPage, 2);
-    EXPECT_THAT(namesIn(wizard.lvSelected), ElementsAre("NEW1", "NEW2"));
+    EXPECT_THAT(namesIn(wizard.lvSelected), LinesAre({"NEW1", "NEW2"}));
     wizard.cmdNext.userClick();
-    EXPECT_THAT(paths(), ElementsAre("NEW1", "NEW2"));
+    EXPECT_THAT(paths(), LinesAre({"NEW1", "NEW2"}));
     wizard.cmdNext.userClick();
     EXPECT_EQ(wizard.CurrentPage, 5);
   });
@@ -129,8 +129,8 @@ TEST_F(ConsolesWizardTest, TheListRemovesAndUpgradesWhatIsSelected) {
   for (const char* const entry : {"mnuPopUpListUninstall", "mnuPopUpListUpgrade"}) {
     expectWizard([this] {
       EXPECT_EQ(wizard.CurrentPage, 2);
-      EXPECT_THAT(namesIn(wizard.lvSystems), ElementsAre("OLD2"));
-      EXPECT_THAT(paths(), ElementsAre("OLD2"));
+      EXPECT_THAT(namesIn(wizard.lvSystems), LinesAre({"OLD2"}));
+      EXPECT_THAT(paths(), LinesAre({"OLD2"}));
     });
     fromList(entry, {"OLD2"});
   }

@@ -3,11 +3,11 @@
 #include <gmock/gmock.h>
 
 #include "tests/console/console_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::console {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -19,7 +19,7 @@ class WaitTest : public ConsoleTest {
 TEST_F(WaitTest, GoesAwayAfterOneRoundWhereNoThreadRuns) {
   wait.WaitForThreads = true;
   wait.ShowModal();
-  EXPECT_THAT(fake.journal, ElementsAre("Show modal frmWait", "Sleep 200", "Close frmWait"));
+  EXPECT_THAT(fake.journal, LinesAre({"Show modal frmWait", "Sleep 200", "Close frmWait"}));
   EXPECT_FALSE(wait.isLoaded());
 }
 
@@ -31,19 +31,19 @@ TEST_F(WaitTest, AsksTheFourThreadsInOrderEachRound) {
   wait.WaitForThreads = true;
   wait.ShowModal();
   EXPECT_THAT(fake.journal,
-              ElementsAre("Show modal frmWait", "Sleep 200", "GetExitCodeThread 10 -> 259",
-                          "GetExitCodeThread 9 -> 1000", "CloseHandle 9", "GetExitCodeThread 8 -> 259",
-                          "GetExitCodeThread 7 -> 1000", "CloseHandle 7", "Sleep 200",
-                          "GetExitCodeThread 10 -> 259", "GetExitCodeThread 8 -> 1000", "CloseHandle 8",
-                          "Sleep 200", "GetExitCodeThread 10 -> 1000", "CloseHandle 10", "Close frmWait"));
+              LinesAre({"Show modal frmWait", "Sleep 200", "GetExitCodeThread 10 -> 259",
+                        "GetExitCodeThread 9 -> 1000", "CloseHandle 9", "GetExitCodeThread 8 -> 259",
+                        "GetExitCodeThread 7 -> 1000", "CloseHandle 7", "Sleep 200",
+                        "GetExitCodeThread 10 -> 259", "GetExitCodeThread 8 -> 1000", "CloseHandle 8",
+                        "Sleep 200", "GetExitCodeThread 10 -> 1000", "CloseHandle 10", "Close frmWait"}));
 }
 
 TEST_F(WaitTest, ForgetsAThreadThatCannotBeAsked) {
   program.gEnumThread = 99;
   wait.WaitForThreads = true;
   wait.ShowModal();
-  EXPECT_THAT(fake.journal, ElementsAre("Show modal frmWait", "Sleep 200", "GetExitCodeThread 99 -> fails",
-                                        "Close frmWait"));
+  EXPECT_THAT(fake.journal, LinesAre({"Show modal frmWait", "Sleep 200", "GetExitCodeThread 99 -> fails",
+                                      "Close frmWait"}));
   EXPECT_EQ(program.gEnumThread, 0u);
 }
 
@@ -58,8 +58,8 @@ TEST_F(WaitTest, TerminatesWhatStillRunsAfter75Rounds) {
   EXPECT_EQ(fake.clock.sleptMs, 15'000u);
   EXPECT_THAT(fakes::linesOf(fake.journal, "GetExitCodeThread"), SizeIs(150));
   const Lines end(fake.journal.end() - 5, fake.journal.end());
-  EXPECT_THAT(end, ElementsAre("TerminateThread 7 0", "CloseHandle 7", "TerminateThread 8 0", "CloseHandle 8",
-                               "Close frmWait"));
+  EXPECT_THAT(end, LinesAre({"TerminateThread 7 0", "CloseHandle 7", "TerminateThread 8 0", "CloseHandle 8",
+                             "Close frmWait"}));
   EXPECT_EQ(program.gEnumThread + program.gSubnetThread, 0u);
 }
 
@@ -69,8 +69,8 @@ TEST_F(WaitTest, EndsEveryThreadAtOnceWhereItIsNotToWait) {
   program.gSpareThread = fake.threads.start(1000, 5);
   wait.Show();
   EXPECT_THAT(fake.journal,
-              ElementsAre("Show frmWait", "TerminateThread 7 0", "CloseHandle 7", "TerminateThread 8 0",
-                          "CloseHandle 8", "TerminateThread 9 0", "CloseHandle 9", "Close frmWait"));
+              LinesAre({"Show frmWait", "TerminateThread 7 0", "CloseHandle 7", "TerminateThread 8 0",
+                        "CloseHandle 8", "TerminateThread 9 0", "CloseHandle 9", "Close frmWait"}));
   EXPECT_FALSE(wait.isLoaded());
 }
 

@@ -5,11 +5,10 @@
 #include <vector>
 
 #include "base/text.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::core {
 namespace {
-
-using testing::ElementsAre;
 
 /// A list box of which the test sees the messages.
 class RecordingListBox : public ListBox {
@@ -44,28 +43,28 @@ TEST(FindInList, ScrollsToTheFirstEntryThatBeginsWithTheTextAndSelectsIt) {
   RecordingListBox list;
   list.entries = {"ALPHA", "BETA", "BETA2"};
   EXPECT_TRUE(FindInList(list, "be"));
-  EXPECT_THAT(list.messages, ElementsAre("LB_FINDSTRING -1 be", "LB_SETTOPINDEX 1", "LB_SETCURSEL 1"));
+  EXPECT_THAT(list.messages, LinesAre({"LB_FINDSTRING -1 be", "LB_SETTOPINDEX 1", "LB_SETCURSEL 1"}));
 }
 
 TEST(FindInList, ClearsTheSelectionWhenNothingBeginsSo) {
   RecordingListBox list;
   list.entries = {"ALPHA"};
   EXPECT_FALSE(FindInList(list, "x"));
-  EXPECT_THAT(list.messages, ElementsAre("LB_FINDSTRING -1 x", "LB_SETTOPINDEX -1", "LB_SETCURSEL -1"));
+  EXPECT_THAT(list.messages, LinesAre({"LB_FINDSTRING -1 x", "LB_SETTOPINDEX -1", "LB_SETCURSEL -1"}));
 }
 
 TEST(FindInList, ScrollsToTheTopForAnEmptyText) {
   RecordingListBox list;
   list.entries = {"ALPHA"};
   EXPECT_FALSE(FindInList(list, ""));
-  EXPECT_THAT(list.messages, ElementsAre("LB_SETTOPINDEX 0", "LB_SETCURSEL -1"));
+  EXPECT_THAT(list.messages, LinesAre({"LB_SETTOPINDEX 0", "LB_SETCURSEL -1"}));
 }
 
 TEST(FitListExtent, TakesTheWidestEntryInPixels) {
   RecordingListBox list;
   list.entries = {"AB", "ABCDE", "ABC"};
   FitListExtent(list);
-  EXPECT_THAT(list.messages, ElementsAre("LB_SETHORIZONTALEXTENT 35"));
+  EXPECT_THAT(list.messages, LinesAre({"LB_SETHORIZONTALEXTENT 35"}));
 }
 
 TEST(FitListExtent, DividesTwipsByFifteen) {
@@ -74,13 +73,13 @@ TEST(FitListExtent, DividesTwipsByFifteen) {
   list.twips = true;
   list.widthOfLetter = 105;
   FitListExtent(list);
-  EXPECT_THAT(list.messages, ElementsAre("LB_SETHORIZONTALEXTENT 35"));
+  EXPECT_THAT(list.messages, LinesAre({"LB_SETHORIZONTALEXTENT 35"}));
 }
 
 TEST(FitListExtent, GivesAnEmptyListNoExtent) {
   RecordingListBox list;
   FitListExtent(list);
-  EXPECT_THAT(list.messages, ElementsAre("LB_SETHORIZONTALEXTENT 0"));
+  EXPECT_THAT(list.messages, LinesAre({"LB_SETHORIZONTALEXTENT 0"}));
 }
 
 }  // namespace

@@ -2,11 +2,10 @@
 
 #include "core/mdCommon.h"
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::core {
 namespace {
-
-using testing::ElementsAre;
 
 class RestartLocalServiceTest : public testing::Test {
  protected:
@@ -21,10 +20,10 @@ class RestartLocalServiceTest : public testing::Test {
 
 TEST_F(RestartLocalServiceTest, StopsWaitsFiveSecondsAndStarts) {
   EXPECT_EQ(restart(), 0);
-  EXPECT_THAT(fake.journal, ElementsAre("GetComputerName -> MANAGER", R"(OpenSCManager \\MANAGER -> 1)",
-                                        "OpenService 1 Varnhold Agent 0xF01FF -> 2",
-                                        "ControlService 2 1 -> 0", "Sleep 5000", "StartService 2 -> 0",
-                                        "CloseServiceHandle 2", "CloseServiceHandle 1"));
+  EXPECT_THAT(fake.journal,
+              LinesAre({"GetComputerName -> MANAGER", R"(OpenSCManager \\MANAGER -> 1)",
+                        "OpenService 1 Varnhold Agent 0xF01FF -> 2", "ControlService 2 1 -> 0", "Sleep 5000",
+                        "StartService 2 -> 0", "CloseServiceHandle 2", "CloseServiceHandle 1"}));
 }
 
 TEST_F(RestartLocalServiceTest, CutsTheComputersNameAtItsFirstNul) {
@@ -48,13 +47,13 @@ TEST_F(RestartLocalServiceTest, IgnoresTheResultOfTheStop) {
 TEST_F(RestartLocalServiceTest, GivesOneWithoutAServiceManager) {
   fake.services.unreachable = {R"(\\MANAGER)"};
   EXPECT_EQ(restart(), 1);
-  EXPECT_THAT(fake.journal, ElementsAre("GetComputerName -> MANAGER", R"(OpenSCManager \\MANAGER -> 0)"));
+  EXPECT_THAT(fake.journal, LinesAre({"GetComputerName -> MANAGER", R"(OpenSCManager \\MANAGER -> 0)"}));
 }
 
 TEST_F(RestartLocalServiceTest, GivesTwoWithoutTheServiceAndClosesTheManager) {
   EXPECT_EQ(restart("Nothing"), 2);
-  EXPECT_THAT(fake.journal, ElementsAre("GetComputerName -> MANAGER", R"(OpenSCManager \\MANAGER -> 1)",
-                                        "OpenService 1 Nothing 0xF01FF -> 0", "CloseServiceHandle 1"));
+  EXPECT_THAT(fake.journal, LinesAre({"GetComputerName -> MANAGER", R"(OpenSCManager \\MANAGER -> 1)",
+                                      "OpenService 1 Nothing 0xF01FF -> 0", "CloseServiceHandle 1"}));
 }
 
 TEST_F(RestartLocalServiceTest, GivesThreeWhenTheServiceDoesNotStartAndClosesBothHandles) {

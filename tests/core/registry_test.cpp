@@ -3,12 +3,12 @@
 #include "base/runtime_error.h"
 #include "core/mdCommon.h"
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::core {
 namespace {
 
 using platform::RegistryHive;
-using testing::ElementsAre;
 
 constexpr auto kMachine = RegistryHive::LocalMachine;
 constexpr const char* kKey = R"(SOFTWARE\Kelmont Works\Quorvane)";
@@ -126,8 +126,8 @@ TEST(RegWriteDword, WritesFourBytesLowestFirst) {
   EXPECT_TRUE(RegWriteDword(host.registry, kMachine, kKey, "Negative", -1));
   EXPECT_THAT(
       host.journal,
-      ElementsAre(R"(RegSetValueEx SOFTWARE\Kelmont Works\Quorvane\MaxDBSize type 4 F4010000 -> Done)",
-                  R"(RegSetValueEx SOFTWARE\Kelmont Works\Quorvane\Negative type 4 FFFFFFFF -> Done)"));
+      LinesAre({R"(RegSetValueEx SOFTWARE\Kelmont Works\Quorvane\MaxDBSize type 4 F4010000 -> Done)",
+                R"(RegSetValueEx SOFTWARE\Kelmont Works\Quorvane\Negative type 4 FFFFFFFF -> Done)"}));
 }
 
 TEST(RegWriteDword, DoesNotMakeAMissingKey) {
@@ -135,8 +135,7 @@ TEST(RegWriteDword, DoesNotMakeAMissingKey) {
   EXPECT_FALSE(RegWriteDword(host.registry, kMachine, kKey, "MaxDBSize", 500));
   EXPECT_THAT(
       host.journal,
-      ElementsAre(
-          R"(RegSetValueEx SOFTWARE\Kelmont Works\Quorvane\MaxDBSize type 4 F4010000 -> KeyMissing)"));
+      LinesAre({R"(RegSetValueEx SOFTWARE\Kelmont Works\Quorvane\MaxDBSize type 4 F4010000 -> KeyMissing)"}));
 }
 
 TEST(RegWriteDword, TellsThatTheHostRefuses) {
@@ -152,8 +151,8 @@ TEST(RequestManagerResync, SetsMpDbResendToOne) {
   RequestManagerResync(host.registry);
   EXPECT_THAT(
       host.journal,
-      ElementsAre(
-          R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Manager\MpDbResend type 4 01000000 -> Done)"));
+      LinesAre(
+          {R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Manager\MpDbResend type 4 01000000 -> Done)"}));
 }
 
 TEST(RequestManagerResync, IsSilentWhenItFails) {

@@ -2,6 +2,7 @@
 
 #include "core/mdCommon.h"
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::core {
 namespace {
@@ -18,20 +19,20 @@ class RemoteAccessTest : public testing::Test {
 
 TEST_F(RemoteAccessTest, OpensTheSecurityLogAndClosesIt) {
   EXPECT_TRUE(CanAccessEventLog(host.eventLog, "HOST1"));
-  EXPECT_THAT(fake.journal, ElementsAre(R"(OpenEventLog \\HOST1 Security -> 1)", "CloseEventLog 1"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(OpenEventLog \\HOST1 Security -> 1)", "CloseEventLog 1"}));
 }
 
 TEST_F(RemoteAccessTest, TellsThatTheSecurityLogIsRefused) {
   fake.eventLog.refused[R"(\\HOST1)"] = 5;
   EXPECT_FALSE(CanAccessEventLog(host.eventLog, "HOST1"));
-  EXPECT_THAT(fake.journal, ElementsAre(R"(OpenEventLog \\HOST1 Security -> 0, error 5)"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(OpenEventLog \\HOST1 Security -> 0, error 5)"}));
 }
 
 TEST_F(RemoteAccessTest, ProbesTheShareOfTheProgramFilesDrive) {
   EXPECT_TRUE(CanWriteAdminShare(host, "HOST1"));
-  EXPECT_THAT(fake.journal, ElementsAre("qrvChkRmtRegNGetPrgFilePath HOST1 -> 1",
-                                        R"(createProbe \\HOST1\D$\2026-1-31_16-5-9.tmp -> yes)",
-                                        R"(remove \\HOST1\D$\2026-1-31_16-5-9.tmp -> Done)"));
+  EXPECT_THAT(fake.journal, LinesAre({"qrvChkRmtRegNGetPrgFilePath HOST1 -> 1",
+                                      R"(createProbe \\HOST1\D$\2026-1-31_16-5-9.tmp -> yes)",
+                                      R"(remove \\HOST1\D$\2026-1-31_16-5-9.tmp -> Done)"}));
 }
 
 TEST_F(RemoteAccessTest, NamesTheProbeWithoutLeadingZeros) {
@@ -43,14 +44,14 @@ TEST_F(RemoteAccessTest, NamesTheProbeWithoutLeadingZeros) {
 TEST_F(RemoteAccessTest, MakesNoProbeWhenTheRemoteRegistryDoesNotAnswer) {
   fake.libraries.computers["HOST1"].programFiles.reset();
   EXPECT_FALSE(CanWriteAdminShare(host, "HOST1"));
-  EXPECT_THAT(fake.journal, ElementsAre("qrvChkRmtRegNGetPrgFilePath HOST1 -> 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"qrvChkRmtRegNGetPrgFilePath HOST1 -> 0"}));
 }
 
 TEST_F(RemoteAccessTest, FailsWhenTheShareRefusesTheProbe) {
   fake.files.refuse(R"(\\HOST1\D$\2026-1-31_16-5-9.tmp)", platform::FileOutcome::Refused);
   EXPECT_FALSE(CanWriteAdminShare(host, "HOST1"));
-  EXPECT_THAT(fake.journal, ElementsAre("qrvChkRmtRegNGetPrgFilePath HOST1 -> 1",
-                                        R"(createProbe \\HOST1\D$\2026-1-31_16-5-9.tmp -> no)"));
+  EXPECT_THAT(fake.journal, LinesAre({"qrvChkRmtRegNGetPrgFilePath HOST1 -> 1",
+                                      R"(createProbe \\HOST1\D$\2026-1-31_16-5-9.tmp -> no)"}));
 }
 
 TEST_F(RemoteAccessTest, AsksForAShareWithoutLetterWhenThePathIsEmpty) {
@@ -61,10 +62,10 @@ TEST_F(RemoteAccessTest, AsksForAShareWithoutLetterWhenThePathIsEmpty) {
 
 TEST_F(RemoteAccessTest, ReachesAComputerByShareAndThenLog) {
   EXPECT_TRUE(CanReachComputer(host, "HOST1"));
-  EXPECT_THAT(fake.journal, ElementsAre("qrvChkRmtRegNGetPrgFilePath HOST1 -> 1",
-                                        R"(createProbe \\HOST1\D$\2026-1-31_16-5-9.tmp -> yes)",
-                                        R"(remove \\HOST1\D$\2026-1-31_16-5-9.tmp -> Done)",
-                                        R"(OpenEventLog \\HOST1 Security -> 1)", "CloseEventLog 1"));
+  EXPECT_THAT(fake.journal, LinesAre({"qrvChkRmtRegNGetPrgFilePath HOST1 -> 1",
+                                      R"(createProbe \\HOST1\D$\2026-1-31_16-5-9.tmp -> yes)",
+                                      R"(remove \\HOST1\D$\2026-1-31_16-5-9.tmp -> Done)",
+                                      R"(OpenEventLog \\HOST1 Security -> 1)", "CloseEventLog 1"}));
 }
 
 TEST_F(RemoteAccessTest, DoesNotLookAtTheLogWhenTheShareFails) {

@@ -2,11 +2,11 @@
 #include "deployment/account_validation.h"
 
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -60,20 +60,20 @@ TEST_P(AccountValidation, AcceptsAGenuineAccountUnderAnHourglass) {
 
 TEST_P(AccountValidation, WantsAUserNameFirstOfAll) {
   EXPECT_FALSE(validate("", "one", "another"));
-  EXPECT_THAT(fake.journal, ElementsAre("MessageBox exclamation: No username."));
+  EXPECT_THAT(fake.journal, LinesAre({"MessageBox exclamation: No username."}));
   EXPECT_EQ(targets.lblProgress.Caption, "Ready");
 }
 
 TEST_P(AccountValidation, ComparesThePasswordsByTheirExactLetters) {
   EXPECT_FALSE(validate("admin", "secret", "Secret"));
-  EXPECT_THAT(fake.journal, ElementsAre("MessageBox exclamation: Passwords mismatch."));
+  EXPECT_THAT(fake.journal, LinesAre({"MessageBox exclamation: Passwords mismatch."}));
   EXPECT_EQ(targets.lblProgress.Caption, "Ready");
 }
 
 TEST_P(AccountValidation, EndsWithoutAWordWhenABlankPasswordIsNotMeant) {
   ui.nextAnswer(ui::Answer::No);
   EXPECT_FALSE(validate(R"(CORP\admin)", ""));
-  EXPECT_THAT(fake.journal, ElementsAre(std::string(kBlankQuestion) + " -> No"));
+  EXPECT_THAT(fake.journal, LinesAre({std::string(kBlankQuestion) + " -> No"}));
   EXPECT_EQ(targets.lblProgress.Caption, "Ready");
 }
 
@@ -81,25 +81,25 @@ TEST_P(AccountValidation, ChecksABlankPasswordThatIsMeant) {
   fake.secur32.passwords[R"(CORP\GUEST)"] = "";
   ui.nextAnswer(ui::Answer::Yes);
   EXPECT_TRUE(validate(R"(CORP\guest)", ""));
-  EXPECT_THAT(boxes(), ElementsAre(std::string(kBlankQuestion) + " -> Yes"));
+  EXPECT_THAT(boxes(), LinesAre({std::string(kBlankQuestion) + " -> Yes"}));
   EXPECT_TRUE(hasAskedThePackage());
 }
 
 TEST_P(AccountValidation, WantsADomainAndLeavesTheProgressTextThere) {
   EXPECT_FALSE(validate("admin", "secret"));
-  EXPECT_THAT(fake.journal, ElementsAre(kMustBeQualified));
+  EXPECT_THAT(fake.journal, LinesAre({kMustBeQualified}));
   EXPECT_EQ(targets.lblProgress.Caption, "Checking user credientials...");
 }
 
 TEST_P(AccountValidation, AsksOfABlankPasswordBeforeItWantsADomain) {
   ui.nextAnswer(ui::Answer::Yes);
   EXPECT_FALSE(validate("admin", ""));
-  EXPECT_THAT(fake.journal, ElementsAre(std::string(kBlankQuestion) + " -> Yes", kMustBeQualified));
+  EXPECT_THAT(fake.journal, LinesAre({std::string(kBlankQuestion) + " -> Yes", kMustBeQualified}));
 }
 
 TEST_P(AccountValidation, RefusesAWrongPasswordWithNothingLeftOpen) {
   EXPECT_FALSE(validate(R"(CORP\admin)", "wrong"));
-  EXPECT_THAT(boxes(), ElementsAre(kFailed));
+  EXPECT_THAT(boxes(), LinesAre({kFailed}));
   EXPECT_EQ(fake.secur32.live(), 0u);
   EXPECT_EQ(fake.heap.live(), 0u);
   EXPECT_THAT(fake.journal, testing::Each(Not(HasSubstr("wrong"))));
@@ -117,7 +117,7 @@ TEST_P(AccountValidation, LeavesAnEmptyDomainToTheHandshake) {
   fake.secur32.passwords[R"(\ADMIN)"] = "secret";
   EXPECT_TRUE(validate(R"(\admin)", "secret"));
   EXPECT_FALSE(validate(R"(\other)", "secret"));
-  EXPECT_THAT(boxes(), ElementsAre(kFailed));
+  EXPECT_THAT(boxes(), LinesAre({kFailed}));
 }
 
 TEST_P(AccountValidation, SplitsAtTheFirstBackslash) {
@@ -152,7 +152,7 @@ TEST_F(UnusedAccount, IsNoMatterOnTheLogonPage) {
 
 TEST_F(UnusedAccount, IsCheckedOnTheAgentlessPageAllTheSame) {
   EXPECT_FALSE(ValidateAgentlessAccount(program, targets));
-  EXPECT_THAT(fake.journal, ElementsAre("MessageBox exclamation: No username."));
+  EXPECT_THAT(fake.journal, LinesAre({"MessageBox exclamation: No username."}));
 }
 
 }  // namespace

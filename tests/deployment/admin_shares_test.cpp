@@ -9,6 +9,7 @@
 #include "base/runtime_error.h"
 #include "tests/deployment/fake_run_screen.h"
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -36,28 +37,26 @@ class AdminShares : public ::testing::Test {
 
 TEST_F(AdminShares, ConnectsCAndThenD) {
   ConnectAdminShares(program, screen, "HOST1");
-  EXPECT_THAT(fake.journal,
-              ElementsAre(R"(createNew C:\App\RmTempLog.bat (owner only): )"
-                          R"(net use \\HOST1\c$ pa55 /USER:CORP\admin<CR><LF> -> Done)",
-                          R"(ShellExecute open C:\App\RmTempLog.bat show 0 -> 33)", "Sleep 3000",
-                          R"(remove C:\App\RmTempLog.bat -> Done)", "pump events",
-                          R"(createNew C:\App\RmTempLog.bat (owner only): )"
-                          R"(net use \\HOST1\d$ pa55 /USER:CORP\admin<CR><LF> -> Done)",
-                          R"(ShellExecute open C:\App\RmTempLog.bat show 0 -> 33)", "Sleep 5000",
-                          R"(remove C:\App\RmTempLog.bat -> Done)", "pump events"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(createNew C:\App\RmTempLog.bat (owner only): )"
+                                      R"(net use \\HOST1\c$ pa55 /USER:CORP\admin<CR><LF> -> Done)",
+                                      R"(ShellExecute open C:\App\RmTempLog.bat show 0 -> 33)", "Sleep 3000",
+                                      R"(remove C:\App\RmTempLog.bat -> Done)", "pump events",
+                                      R"(createNew C:\App\RmTempLog.bat (owner only): )"
+                                      R"(net use \\HOST1\d$ pa55 /USER:CORP\admin<CR><LF> -> Done)",
+                                      R"(ShellExecute open C:\App\RmTempLog.bat show 0 -> 33)", "Sleep 5000",
+                                      R"(remove C:\App\RmTempLog.bat -> Done)", "pump events"}));
 }
 
 TEST_F(AdminShares, DisconnectsCAndThenDWithTwoBlanksBeforeTheSwitch) {
   DisconnectAdminShares(program, screen, "HOST1");
   EXPECT_THAT(
       fake.journal,
-      ElementsAre(
-          R"(createNew C:\App\RmTempLog.bat (owner only): net use \\HOST1\c$  /DELETE<CR><LF> -> Done)",
-          R"(ShellExecute open C:\App\RmTempLog.bat show 0 -> 33)", "Sleep 2000",
-          R"(remove C:\App\RmTempLog.bat -> Done)", "pump events",
-          R"(createNew C:\App\RmTempLog.bat (owner only): net use \\HOST1\d$  /DELETE<CR><LF> -> Done)",
-          R"(ShellExecute open C:\App\RmTempLog.bat show 0 -> 33)", "Sleep 2000",
-          R"(remove C:\App\RmTempLog.bat -> Done)", "pump events"));
+      LinesAre({R"(createNew C:\App\RmTempLog.bat (owner only): net use \\HOST1\c$  /DELETE<CR><LF> -> Done)",
+                R"(ShellExecute open C:\App\RmTempLog.bat show 0 -> 33)", "Sleep 2000",
+                R"(remove C:\App\RmTempLog.bat -> Done)", "pump events",
+                R"(createNew C:\App\RmTempLog.bat (owner only): net use \\HOST1\d$  /DELETE<CR><LF> -> Done)",
+                R"(ShellExecute open C:\App\RmTempLog.bat show 0 -> 33)", "Sleep 2000",
+                R"(remove C:\App\RmTempLog.bat -> Done)", "pump events"}));
 }
 
 TEST_F(AdminShares, DoNothingWithoutADomain) {
@@ -83,7 +82,7 @@ TEST_F(AdminShares, ConnectWithAnEmptyPassword) {
 TEST_F(AdminShares, TakeNoNoticeOfWhatStartingAnswersAndLeaveNoFile) {
   fake.processes.result = 2;
   ConnectAdminShares(program, screen, "HOST1");
-  EXPECT_THAT(fakes::linesOf(fake.journal, "Sleep"), ElementsAre("Sleep 3000", "Sleep 5000"));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "Sleep"), LinesAre({"Sleep 3000", "Sleep 5000"}));
   EXPECT_EQ(fakes::linesOf(fake.journal, "remove").size(), 2u);
   EXPECT_EQ(fake.files.content(kBatch), std::nullopt);
 }

@@ -5,7 +5,9 @@
 
 #include <string>
 
+#include "tests/deployment/agent_key.h"
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -13,7 +15,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr const char* kAgentKey = R"(SOFTWARE\Kelmont Works\Varnhold\Agent)";
 constexpr const char* kInstallerDir = R"(C:\V\RemoteInstaller)";
 
 TEST(AgentIniMode, IsNotTheSameOnAllPaths) {
@@ -47,8 +48,8 @@ class AgentConfiguration : public ::testing::Test {
 TEST_F(AgentConfiguration, EditsTheManagersCopyOfTheSettings) {
   EXPECT_TRUE(prepareAgentIni(fake.libraries, kInstallerDir, 0));
   EXPECT_THAT(fake.journal,
-              ElementsAre(R"(qrvCReadNWriteVhaConfigINI4Turbo C:\V\RemoteInstaller\Agent\vhagent )"
-                          R"(C:\V\RemoteInstaller\Agent C:\V\RemoteInstaller\Agent\vhaconfig.ini 0 -> 1)"));
+              LinesAre({R"(qrvCReadNWriteVhaConfigINI4Turbo C:\V\RemoteInstaller\Agent\vhagent )"
+                        R"(C:\V\RemoteInstaller\Agent C:\V\RemoteInstaller\Agent\vhaconfig.ini 0 -> 1)"}));
 }
 
 TEST_F(AgentConfiguration, ReportsSettingsThatWereNotEdited) {
@@ -61,9 +62,9 @@ TEST_F(AgentConfiguration, InstallWritesTheSetUpFileAfterTheSettings) {
   EXPECT_TRUE(preparation.ready);
   EXPECT_EQ(preparation.code, 0);
   EXPECT_THAT(fake.journal,
-              ElementsAre(R"(qrvCReadNWriteVhaConfigINI4Turbo C:\V\RemoteInstaller\Agent\vhagent )"
-                          R"(C:\V\RemoteInstaller\Agent C:\V\RemoteInstaller\Agent\vhaconfig.ini 1 -> 1)",
-                          R"(qrvCCreateConfigurationFile C:\V\RemoteInstaller\remins HOST1 C:\A 1 -> 1)"));
+              LinesAre({R"(qrvCReadNWriteVhaConfigINI4Turbo C:\V\RemoteInstaller\Agent\vhagent )"
+                        R"(C:\V\RemoteInstaller\Agent C:\V\RemoteInstaller\Agent\vhaconfig.ini 1 -> 1)",
+                        R"(qrvCCreateConfigurationFile C:\V\RemoteInstaller\remins HOST1 C:\A 1 -> 1)"}));
 }
 
 TEST_F(AgentConfiguration, HighPerformanceInstallChangesTheModeOfTheSettings) {
@@ -90,7 +91,7 @@ TEST_F(AgentConfiguration, InstallGives801ForEveryAnswerBut1) {
 
 TEST_F(AgentConfiguration, TessmarkInstallWritesOnlyTheSetUpFileOfItsProduct) {
   EXPECT_TRUE(prepareTessmarkInstall(fake.libraries, R"(C:\TK)", systemName, directory).ready);
-  EXPECT_THAT(fake.journal, ElementsAre(R"(qrvCCreateConfigurationFile C:\TK\remins HOST1 C:\A 0 -> 1)"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(qrvCCreateConfigurationFile C:\TK\remins HOST1 C:\A 0 -> 1)"}));
 }
 
 TEST_F(AgentConfiguration, TessmarkInstallGives801WhenTheSetUpFileFails) {
@@ -117,7 +118,7 @@ TEST_F(OverIPConfiguration, NamesTheManagerAndTheMode) {
   EXPECT_TRUE(prepareOverIPUpgrade(program, false, 1));
   const std::string call =
       R"(qrvCCreateConfigurationFile C:\V\RemoteInstaller\remins MANAGER C:\V\RemoteInstaller )";
-  EXPECT_THAT(fake.journal, ElementsAre(call + "1 -> 1", call + "5 -> 1", call + "5 -> 1", call + "0 -> 1"));
+  EXPECT_THAT(fake.journal, LinesAre({call + "1 -> 1", call + "5 -> 1", call + "5 -> 1", call + "0 -> 1"}));
 }
 
 TEST_F(OverIPConfiguration, IsNotReadyForEveryAnswerBut1) {
@@ -146,10 +147,10 @@ TEST_F(ConfigIPAddr, StoresTheAddressWithoutItsNulAndThenTheProtection) {
   write();
   EXPECT_THAT(
       fake.journal,
-      ElementsAre(
-          "GetComputerName -> MANAGER", "qrvGetSystemIPAddress MANAGER -> 1",
-          R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\ConfigIPAddr type 1 10.1.0.1 -> Done)",
-          R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\enableprotection type 4 01000000 -> Done)"));
+      LinesAre(
+          {"GetComputerName -> MANAGER", "qrvGetSystemIPAddress MANAGER -> 1",
+           R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\ConfigIPAddr type 1 10.1.0.1 -> Done)",
+           R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\enableprotection type 4 01000000 -> Done)"}));
   EXPECT_EQ(fake.registry.stored(kAgentKey, "ConfigIPAddr")->bytes.size(), 8u);
 }
 
@@ -162,7 +163,7 @@ TEST_F(ConfigIPAddr, CutsTheComputersNameAtItsFirstNul) {
 TEST_F(ConfigIPAddr, IsSkippedWithoutAComputerName) {
   fake.environment.computerName.reset();
   write();
-  EXPECT_THAT(fake.journal, ElementsAre("GetComputerName -> nothing"));
+  EXPECT_THAT(fake.journal, LinesAre({"GetComputerName -> nothing"}));
 }
 
 TEST_F(ConfigIPAddr, IsSkippedWhenTheNameDoesNotResolve) {
@@ -186,8 +187,8 @@ TEST_F(ConfigIPAddr, SetsNoProtectionWhenTheAddressIsRefused) {
   write();
   EXPECT_THAT(
       fakes::linesOf(fake.journal, "RegSetValueEx"),
-      ElementsAre(
-          R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\ConfigIPAddr type 1 10.1.0.1 -> Refused)"));
+      LinesAre(
+          {R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\ConfigIPAddr type 1 10.1.0.1 -> Refused)"}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "MessageBox"), IsEmpty());
 }
 

@@ -6,15 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "tests/deployment/agent_key.h"
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-constexpr const char* kAgentKey = R"(SOFTWARE\Kelmont Works\Varnhold\Agent)";
 
 class Polling : public ::testing::Test {
  protected:
@@ -114,9 +114,8 @@ TEST_F(WritePolling, StoresDecimalTextWithoutANul) {
   WritePollStartTime(fake.registry, fake.ui, {6, 5});
   EXPECT_THAT(
       fake.journal,
-      ElementsAre(
-          R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\gPollingFreq type 1 168:0 -> Done)",
-          R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\gPollStartTime type 1 6:5 -> Done)"));
+      LinesAre({R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\gPollingFreq type 1 168:0 -> Done)",
+                R"(RegSetValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\gPollStartTime type 1 6:5 -> Done)"}));
   EXPECT_EQ(stored("gPollStartTime").size(), 3u);
 }
 
@@ -133,8 +132,8 @@ TEST_F(WritePolling, ShowsACriticalMessageWhenTheHostRefuses) {
   WritePollingFrequency(fake.registry, fake.ui, {1, 0});
   WritePollStartTime(fake.registry, fake.ui, {1, 0});
   EXPECT_THAT(fakes::linesOf(fake.journal, "MessageBox"),
-              ElementsAre("MessageBox critical: Could not save the polling frequency.",
-                          "MessageBox critical: Could not save the poll start time."));
+              LinesAre({"MessageBox critical: Could not save the polling frequency.",
+                        "MessageBox critical: Could not save the poll start time."}));
 }
 
 TEST(PollFrequencies, StandInTheirOrder) {
@@ -268,7 +267,7 @@ TEST_F(ValidatePollingTest, TakesMidnightAs24ButNothingBehindIt) {
   EXPECT_TRUE(ValidatePolling(fake.ui, true, {2, "24", "00"}));
   EXPECT_THAT(fake.journal, IsEmpty());
   EXPECT_FALSE(ValidatePolling(fake.ui, true, {2, "24", "01"}));
-  EXPECT_THAT(fake.journal, ElementsAre(std::string("MessageBox exclamation: ") + kStartMinutes));
+  EXPECT_THAT(fake.journal, LinesAre({std::string("MessageBox exclamation: ") + kStartMinutes}));
 }
 
 TEST_F(ValidatePollingTest, PassesEveryPlaceOfTheList) {

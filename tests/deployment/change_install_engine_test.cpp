@@ -1,5 +1,6 @@
 // The install of the Tessmark agent.
 #include "tests/deployment/engine_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -8,19 +9,6 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-const std::string kTessmarkRemins = R"(C:\TESSMARK\remins)";
-const std::string kFailed180 =
-    "Failed to create service. This may be due to insufficient premissions or network problems. Please "
-    "verify "
-    "network connectivity.";
-const std::string kSnapshotsKept =
-    "Installed successfully - Previous snapshots found and retained. If you do not want to retain the "
-    "previous "
-    "snapshots, please uninstall the existing agent along with it's snapshots and reinstall. You can also "
-    "remove the snapshots when you install Agent manually on the system.";
-const std::string kNotStartedService =
-    "Installed successfully - Could not start the service automatically. Please try manually.";
 
 class ChangeInstallEngine : public EngineTest {
  protected:
@@ -38,7 +26,7 @@ class ChangeInstallEngine : public EngineTest {
   }
   void expectFault(const std::string& text) {
     EXPECT_THAT(statuses(), ElementsAre(text));
-    EXPECT_THAT(log(), ElementsAre("HOST1 - " + text));
+    EXPECT_THAT(log(), LinesAre({"HOST1 - " + text}));
     EXPECT_TRUE(targets.ErrorsSeen);
     EXPECT_THAT(changes(), IsEmpty());
   }
@@ -48,14 +36,14 @@ TEST_F(ChangeInstallEngine, InstallsStepByStepAndLeavesTheStatusOfAPlainInstall)
   addComputer("HOST1");
   run();
   EXPECT_THAT(fake.journal,
-              ElementsAre("Pointer 13", kResetLog, "Select HOST1", findsSystem("HOST1"),
-                          "qrvGetSystemIPAddress HOST1 -> 1", configures("HOST1"), installs("HOST1", 7),
-                          "GetExitCodeThread 7 -> 1150", "CloseHandle 7", findsAgent("HOST1"),
-                          "SQL: INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual) "
-                          "VALUES ('HOST1', 2, 'C:\\T', 0)",
-                          "Progress 99", "Pointer 0"));
-  EXPECT_THAT(statuses(), ElementsAre("Unmanaged"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|2|C:\T|0|NULL)"));
+              LinesAre({"Pointer 13", kResetLog, "Select HOST1", findsSystem("HOST1"),
+                        "qrvGetSystemIPAddress HOST1 -> 1", configures("HOST1"), installs("HOST1", 7),
+                        "GetExitCodeThread 7 -> 1150", "CloseHandle 7", findsAgent("HOST1"),
+                        "SQL: INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual) "
+                        "VALUES ('HOST1', 2, 'C:\\T', 0)",
+                        "Progress 99", "Pointer 0"}));
+  EXPECT_THAT(statuses(), LinesAre({"Unmanaged"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|2|C:\T|0|NULL)"}));
 }
 
 TEST_F(ChangeInstallEngine, HandlesEventsBeforeTheRowsAndWhileAJobRuns) {
@@ -63,16 +51,16 @@ TEST_F(ChangeInstallEngine, HandlesEventsBeforeTheRowsAndWhileAJobRuns) {
   watchPumps();
   run();
   EXPECT_THAT(fakes::linesWithout(fake.journal, {"SQL", "qrv"}),
-              ElementsAre("Pointer 13", kResetLog, "pump", "Select HOST1", "GetExitCodeThread 7 -> 259",
-                          "Progress 1", "pump", "Sleep 200", "GetExitCodeThread 7 -> 1150", "CloseHandle 7",
-                          "Progress 99", "Pointer 0"));
+              LinesAre({"Pointer 13", kResetLog, "pump", "Select HOST1", "GetExitCodeThread 7 -> 259",
+                        "Progress 1", "pump", "Sleep 200", "GetExitCodeThread 7 -> 1150", "CloseHandle 7",
+                        "Progress 99", "Pointer 0"}));
 }
 
 TEST_F(ChangeInstallEngine, WordsASuccessWithAReservation) {
   addComputer("HOST1").installExit = 1290;
   addComputer("HOST2").installExit = 1232;
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kSnapshotsKept, kNotStartedService));
+  EXPECT_THAT(statuses(), LinesAre({kSnapshotsKept, kServiceNotStarted}));
   EXPECT_THAT(inventory.agents(), SizeIs(2));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
@@ -82,9 +70,9 @@ TEST_F(ChangeInstallEngine, UpdatesTheAgentsRow) {
   inventory.addAgent("HOST1", 2);
   inventory.addAgent("HOST1", 1);
   run();
-  EXPECT_THAT(changes(), ElementsAre("SQL: UPDATE Module_Table SET Install_Directory =  'C:\\T', Manual = 0 "
-                                     "WHERE System_Name = 'HOST1' AND Module_ID = 2"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\OLD|0|0)", R"(HOST1|2|C:\T|0|0)"));
+  EXPECT_THAT(changes(), LinesAre({"SQL: UPDATE Module_Table SET Install_Directory =  'C:\\T', Manual = 0 "
+                                   "WHERE System_Name = 'HOST1' AND Module_ID = 2"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\OLD|0|0)", R"(HOST1|2|C:\T|0|0)"}));
 }
 
 TEST_F(ChangeInstallEngine, TakesNoAccountNoConfigurationAndNoLogin) {
@@ -96,9 +84,9 @@ TEST_F(ChangeInstallEngine, TakesNoAccountNoConfigurationAndNoLogin) {
   targets.txtUserName.Text = R"(CORP\svc)";
   targets.chkHPMode.Value.settle(1);
   run();
-  EXPECT_THAT(jobs("qrvCInstall"), ElementsAre(installs("HOST1", 7)));
+  EXPECT_THAT(jobs("qrvCInstall"), LinesAre({installs("HOST1", 7)}));
   EXPECT_THAT(libraryCalls(),
-              ElementsAre("qrvGetSystemIPAddress", "qrvCCreateConfigurationFile", "qrvCInstall"));
+              LinesAre({"qrvGetSystemIPAddress", "qrvCCreateConfigurationFile", "qrvCInstall"}));
 }
 
 TEST_F(ChangeInstallEngine, ASecurityThatWasNotConfiguredIsAFaultHere) {
@@ -110,8 +98,8 @@ TEST_F(ChangeInstallEngine, ASecurityThatWasNotConfiguredIsAFaultHere) {
 TEST_F(ChangeInstallEngine, LogsAFailedJobInTheWordsOfItsOwnCatalogue) {
   addComputer("HOST1").installExit = 1180;
   run();
-  EXPECT_THAT(deeds(), testing::Contains(logged("HOST1 - " + kFailed180)));
-  expectFault(kFailed180);
+  EXPECT_THAT(deeds(), testing::Contains(logged("HOST1 - " + kTessmark180)));
+  expectFault(kTessmark180);
 }
 
 TEST_F(ChangeInstallEngine, EndsIn710WhereNoThreadWasStarted) {
@@ -123,7 +111,7 @@ TEST_F(ChangeInstallEngine, EndsIn710WhereNoThreadWasStarted) {
 TEST_F(ChangeInstallEngine, EndsIn800WhereTheNameDoesNotResolve) {
   addComputer("HOST1").address.reset();
   run();
-  EXPECT_THAT(libraryCalls(), ElementsAre("qrvGetSystemIPAddress"));
+  EXPECT_THAT(libraryCalls(), LinesAre({"qrvGetSystemIPAddress"}));
   expectFault("Could not resolve the IP Address for the system.");
 }
 
@@ -139,10 +127,10 @@ TEST_F(ChangeInstallEngine, OnlyAStatusWithBothProductsFailsTheGate) {
   addComputer("HOST2", "Tracking Changes");
   addComputer("HOST3", "Managed - Standard Mode");
   run();
-  EXPECT_THAT(log(), ElementsAre("Skipped: HOST1 - Agent already installed"));
+  EXPECT_THAT(log(), LinesAre({"Skipped: HOST1 - Agent already installed"}));
   EXPECT_THAT(statuses(),
-              ElementsAre("Skipped: Agent already installed", "Tracking Changes", "Managed - Standard Mode"));
-  EXPECT_THAT(jobs("qrvCInstall"), ElementsAre(installs("HOST2", 7), installs("HOST3", 8)));
+              LinesAre({"Skipped: Agent already installed", "Tracking Changes", "Managed - Standard Mode"}));
+  EXPECT_THAT(jobs("qrvCInstall"), LinesAre({installs("HOST2", 7), installs("HOST3", 8)}));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
 
@@ -151,15 +139,15 @@ TEST_F(ChangeInstallEngine, WithTheOtherProductChosenMeanwhileOnlyBothStatusesFa
   addComputer("HOST1", "Tracking Changes & Events");
   addComputer("HOST2", "Tracking Changes & Events Managed - Standard Mode");
   run();
-  EXPECT_THAT(log(), ElementsAre("Skipped: HOST2 - Agent already installed"));
+  EXPECT_THAT(log(), LinesAre({"Skipped: HOST2 - Agent already installed"}));
 }
 
 TEST_F(ChangeInstallEngine, SkipsTheManagersOwnComputerWithoutAWordInTheLog) {
   addRow("manager");
   run();
   EXPECT_THAT(fake.journal,
-              ElementsAre("Pointer 13", kResetLog, "Select manager",
-                          status("manager", "Skipped: Manager (local system)"), "Progress 99", "Pointer 0"));
+              LinesAre({"Pointer 13", kResetLog, "Select manager",
+                        status("manager", "Skipped: Manager (local system)"), "Progress 99", "Pointer 0"}));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
@@ -167,20 +155,20 @@ TEST_F(ChangeInstallEngine, SkipsAComputerThatDoesNotRespond) {
   addUnknownComputer("HOST1").answers = false;
   run();
   EXPECT_THAT(deeds(),
-              ElementsAre(kResetLog, findsSystem("HOST1"), "qrvFindSystemAndReturnDetails HOST1 level 1 -> 0",
-                          logged("Skipped: HOST1 - System not responding"),
-                          status("HOST1", "Skipped: System not responding")));
+              LinesAre({kResetLog, findsSystem("HOST1"), "qrvFindSystemAndReturnDetails HOST1 level 1 -> 0",
+                        logged("Skipped: HOST1 - System not responding"),
+                        status("HOST1", "Skipped: System not responding")}));
 }
 
 TEST_F(ChangeInstallEngine, AnInaccessibleRowDoesNotEvenMoveTheBar) {
   addComputer("HOST1", "Not Accessible, will be skipped.");
   run();
-  EXPECT_THAT(fake.journal, ElementsAre("Pointer 13", kResetLog, "Pointer 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13", kResetLog, "Pointer 0"}));
 }
 
 TEST_F(ChangeInstallEngine, DoesNothingForNoComputers) {
   run();
-  EXPECT_THAT(fake.journal, ElementsAre("Pointer 13", kResetLog, "Pointer 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13", kResetLog, "Pointer 0"}));
 }
 
 TEST_F(ChangeInstallEngine, TwelveComputersEachWithItsOwnOutcome) {
@@ -199,22 +187,22 @@ TEST_F(ChangeInstallEngine, TwelveComputersEachWithItsOwnOutcome) {
   computers["HOST06"].installExit = 1232;
   computers["HOST07"].polls = 2;
   run();
-  EXPECT_THAT(statuses(), ElementsAre("Unmanaged", kFailed180, "Unknown error.",
-                                      "Could not resolve the IP Address for the system.",
-                                      "Could not create the configuration file on the local system.",
-                                      kNotStartedService, "Unmanaged", "Skipped: Manager (local system)",
-                                      "Skipped: System not responding", "Skipped: Agent already installed",
-                                      "Not Accessible, will be skipped.", kSnapshotsKept));
-  EXPECT_THAT(log(), ElementsAre("HOST02 - " + kFailed180, "HOST03 - Unknown error.",
-                                 "HOST04 - Could not resolve the IP Address for the system.",
-                                 "HOST05 - Could not create the configuration file on the local system.",
-                                 "Skipped: HOST09 - System not responding",
-                                 "Skipped: HOST10 - Agent already installed"));
+  EXPECT_THAT(statuses(), LinesAre({"Unmanaged", kTessmark180, "Unknown error.",
+                                    "Could not resolve the IP Address for the system.",
+                                    "Could not create the configuration file on the local system.",
+                                    kServiceNotStarted, "Unmanaged", "Skipped: Manager (local system)",
+                                    "Skipped: System not responding", "Skipped: Agent already installed",
+                                    "Not Accessible, will be skipped.", kSnapshotsKept}));
+  EXPECT_THAT(log(), LinesAre({"HOST02 - " + kTessmark180, "HOST03 - Unknown error.",
+                               "HOST04 - Could not resolve the IP Address for the system.",
+                               "HOST05 - Could not create the configuration file on the local system.",
+                               "Skipped: HOST09 - System not responding",
+                               "Skipped: HOST10 - Agent already installed"}));
   EXPECT_THAT(jobs("qrvCInstall"),
-              ElementsAre(installs("HOST01", 7), installs("HOST02", 8), installs("HOST03", 0),
-                          installs("HOST06", 9), installs("HOST07", 10), installs("HOST12", 11)));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST01|2|C:\T|0|NULL)", R"(HOST06|2|C:\T|0|NULL)",
-                                              R"(HOST07|2|C:\T|0|NULL)", R"(HOST12|2|C:\T|0|NULL)"));
+              LinesAre({installs("HOST01", 7), installs("HOST02", 8), installs("HOST03", 0),
+                        installs("HOST06", 9), installs("HOST07", 10), installs("HOST12", 11)}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST01|2|C:\T|0|NULL)", R"(HOST06|2|C:\T|0|NULL)",
+                                            R"(HOST07|2|C:\T|0|NULL)", R"(HOST12|2|C:\T|0|NULL)"}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "Select "), SizeIs(11));
   EXPECT_EQ(targets.pbProgress.Value, 88);
 }
@@ -252,7 +240,7 @@ TEST_F(ChangeInstallStops, AnErrorOfACallCostsThatStepAndNotTheBatch) {
     if (job.SystemName == "HOST2") throw RuntimeError(kLibraryFunctionMissing, "No function.");
   };
   run();
-  EXPECT_THAT(statuses(), ElementsAre("Unmanaged", "Unknown error.", "Unmanaged"));
+  EXPECT_THAT(statuses(), LinesAre({"Unmanaged", "Unknown error.", "Unmanaged"}));
   EXPECT_THAT(boxes(), IsEmpty());
   EXPECT_THAT(inventory.agents(), SizeIs(2));
 }
@@ -268,7 +256,7 @@ TEST_F(ChangeInstallStops, ALogThatCannotBeWrittenIsPassedOver) {
   fake.libraries.computers["HOST1"].installExit = 1180;
   refuseLog();
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kFailed180, "Unmanaged", "Unmanaged"));
+  EXPECT_THAT(statuses(), LinesAre({kTessmark180, "Unmanaged", "Unmanaged"}));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
 
@@ -278,7 +266,7 @@ TEST_F(ChangeInstallStops, ASecondRunKeepsTheOldLogForgetsTheErrorsAndUpdatesThe
   fake.libraries.computers["HOST1"].installExit = 1150;
   run();
   EXPECT_FALSE(targets.ErrorsSeen);
-  EXPECT_THAT(log(), ElementsAre("HOST1 - " + kFailed180));
+  EXPECT_THAT(log(), LinesAre({"HOST1 - " + kTessmark180}));
   EXPECT_THAT(inventory.agents(), SizeIs(3));
 }
 

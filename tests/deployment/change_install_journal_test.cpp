@@ -4,17 +4,7 @@
 namespace varnhold::deployment {
 namespace {
 
-const std::string kTessmarkRemins = R"(C:\TESSMARK\remins)";
 const std::string kUnknown = "Unknown error.";
-const std::string kTessmark180 =
-    "Failed to create service. This may be due to insufficient premissions or network problems. Please "
-    "verify network connectivity.";
-const std::string kSnapshotsKept =
-    "Installed successfully - Previous snapshots found and retained. If you do not want to retain the "
-    "previous snapshots, please uninstall the existing agent along with it's snapshots and reinstall. You "
-    "can also remove the snapshots when you install Agent manually on the system.";
-const std::string kServiceNotStarted =
-    "Installed successfully - Could not start the service automatically. Please try manually.";
 
 class ChangeInstallJournal : public EngineJournalTest {
  protected:

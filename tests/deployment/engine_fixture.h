@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "deployment/engines.h"
+#include "tests/deployment/run_texts.h"
 #include "tests/deployment/wizard_fixture.h"
 
 namespace varnhold::deployment {

@@ -1,10 +1,10 @@
 // The prompt for the account that reaches the computers of a run.
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* kWrongFormat =
@@ -73,7 +73,7 @@ TEST_F(LoginTest, RefusesAnAccountThatIsNotDomainAndUserAndStays) {
       EXPECT_TRUE(frmLogin.Visible()) << account;
       EXPECT_EQ(frmLogin.txtAccount.Text, account);
     });
-    EXPECT_THAT(boxes(), ElementsAre(kWrongFormat)) << account;
+    EXPECT_THAT(boxes(), LinesAre({kWrongFormat})) << account;
     EXPECT_EQ(stored(), "||") << account;
     EXPECT_FALSE(program.gLoginOK) << account;
     EXPECT_FALSE(frmLogin.LoginAccepted) << account;

@@ -1,10 +1,9 @@
 // The question before remedial actions are turned on.
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
-
-using testing::ElementsAre;
 
 class RemedialActionTest : public WizardTest {
  protected:
@@ -53,7 +52,7 @@ TEST_F(RemedialActionTest, TheLinkOpensTheGuideInTheBrowser) {
     form.lblRemedialHelpLink.userPress();
   });
   EXPECT_THAT(fakes::linesOf(fake.journal, "ShellExecute"),
-              ElementsAre("ShellExecute open " + std::string(kRemedialActionsGuide) + " show 1 -> 33"));
+              LinesAre({"ShellExecute open " + std::string(kRemedialActionsGuide) + " show 1 -> 33"}));
 }
 
 TEST_F(RemedialActionTest, WithoutABrowserAnotherIsTriedAndThenTheAddressIsTold) {
@@ -63,11 +62,11 @@ TEST_F(RemedialActionTest, WithoutABrowserAnotherIsTriedAndThenTheAddressIsTold)
     form.lblRemedialHelpLink.userPress();
     EXPECT_THAT(
         fake.journal,
-        ElementsAre("ShellExecute open " + std::string(kRemedialActionsGuide) + " show 1 -> 32",
-                    "ShellExecute open iexplore " + std::string(kRemedialActionsGuide) + " show 1 -> 32",
-                    "MessageBox information: Failed to launch the default web browser. You can use the "
-                    "following URL to open the Findlore website.<CR>" +
-                        std::string(kRemedialActionsGuide)));
+        LinesAre({"ShellExecute open " + std::string(kRemedialActionsGuide) + " show 1 -> 32",
+                  "ShellExecute open iexplore " + std::string(kRemedialActionsGuide) + " show 1 -> 32",
+                  "MessageBox information: Failed to launch the default web browser. You can use the "
+                  "following URL to open the Findlore website.<CR>" +
+                      std::string(kRemedialActionsGuide)}));
   });
 }
 

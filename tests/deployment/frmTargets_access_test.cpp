@@ -1,12 +1,12 @@
 // The wizard's probes of one computer, and how it starts programs as somebody else.
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
 using testing::Contains;
 using testing::Each;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -30,9 +30,9 @@ constexpr auto kProbeFile = R"(\\HOST1\C$\2026-1-31_16-5-9.tmp)";
 TEST_F(RemoteProbes, ReachAComputerByItsShareAndThenItsLog) {
   EXPECT_TRUE(targets.CheckRemoteAccess(row));
   EXPECT_THAT(fakes::linesOf(fake.journal, "qrvChkRmtRegNGetPrgFilePath"),
-              ElementsAre("qrvChkRmtRegNGetPrgFilePath HOST1 -> 1"));
+              LinesAre({"qrvChkRmtRegNGetPrgFilePath HOST1 -> 1"}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "OpenEventLog"),
-              ElementsAre(R"(OpenEventLog \\HOST1 Security -> 1)"));
+              LinesAre({R"(OpenEventLog \\HOST1 Security -> 1)"}));
   EXPECT_THAT(fake.eventLog.openHandles(), IsEmpty());
   EXPECT_EQ(statuses(), Lines{"Unmanaged"});
   EXPECT_FALSE(targets.ErrorsSeen);
@@ -98,7 +98,7 @@ constexpr auto kAsUser = R"(tool.exe -x 0x4000000 C:\Tools -> )";
 
 TEST_F(RunAs, StartsWithALogonAndGivesTheThread) {
   EXPECT_EQ(run(&frmTargets::W2KRunAsUser), fakes::FakeProcesses::kStarted.thread);
-  EXPECT_THAT(fake.journal, ElementsAre(std::string(kWithLogon) + "0"));
+  EXPECT_THAT(fake.journal, LinesAre({std::string(kWithLogon) + "0"}));
   EXPECT_EQ(fake.processes.password, "secret");
 }
 
@@ -106,36 +106,35 @@ TEST_F(RunAs, ShowsTheErrorOfAStartWithALogon) {
   fake.processes.createError = 1326;
   EXPECT_EQ(run(&frmTargets::W2KRunAsUser), 0u);
   EXPECT_THAT(fake.journal,
-              ElementsAre(std::string(kWithLogon) + "1326",
-                          "MessageBox exclamation: CreateProcessWithLogonW() failed with error 1326"));
+              LinesAre({std::string(kWithLogon) + "1326",
+                        "MessageBox exclamation: CreateProcessWithLogonW() failed with error 1326"}));
 }
 
 TEST_F(RunAs, LogsOnFirstOnNt4AndLeavesTheTokenOpen) {
   EXPECT_EQ(run(&frmTargets::NT4RunAsUser), fakes::FakeProcesses::kStarted.thread);
-  EXPECT_THAT(fake.journal, ElementsAre(R"(LogonUser CORP\admin 2 0 -> 0, token 1)",
-                                        "CreateProcessAsUser 1 " + std::string(kAsUser) + "0"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(LogonUser CORP\admin 2 0 -> 0, token 1)",
+                                      "CreateProcessAsUser 1 " + std::string(kAsUser) + "0"}));
   EXPECT_EQ(fake.processes.password, "secret");
 }
 
 TEST_F(RunAs, ClosesTheTokenWhereTheStartFails) {
   fake.processes.createError = 1314;
   EXPECT_EQ(run(&frmTargets::NT4RunAsUser), 0u);
-  EXPECT_THAT(
-      fake.journal,
-      ElementsAre(R"(LogonUser CORP\admin 2 0 -> 0, token 1)",
-                  "CreateProcessAsUser 1 " + std::string(kAsUser) + "1314",
-                  "MessageBox exclamation: CreateProcessAsUser() failed with error 1314", "CloseHandle 1"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(LogonUser CORP\admin 2 0 -> 0, token 1)",
+                                      "CreateProcessAsUser 1 " + std::string(kAsUser) + "1314",
+                                      "MessageBox exclamation: CreateProcessAsUser() failed with error 1314",
+                                      "CloseHandle 1"}));
 }
 
 TEST_F(RunAs, TriesToStartWithoutATokenToo) {
   fake.processes.logonError = 1326;
   fake.processes.createError = 6;
   EXPECT_EQ(run(&frmTargets::NT4RunAsUser), 0u);
-  EXPECT_THAT(fake.journal, ElementsAre(R"(LogonUser CORP\admin 2 0 -> 1326)",
-                                        "MessageBox exclamation: LogonUser() failed with error 1326",
-                                        "CreateProcessAsUser 0 " + std::string(kAsUser) + "6",
-                                        "MessageBox exclamation: CreateProcessAsUser() failed with error 6",
-                                        "CloseHandle 0"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(LogonUser CORP\admin 2 0 -> 1326)",
+                                      "MessageBox exclamation: LogonUser() failed with error 1326",
+                                      "CreateProcessAsUser 0 " + std::string(kAsUser) + "6",
+                                      "MessageBox exclamation: CreateProcessAsUser() failed with error 6",
+                                      "CloseHandle 0"}));
 }
 
 TEST_F(RunAs, TakesTheWayOfTheWindowsVersion) {

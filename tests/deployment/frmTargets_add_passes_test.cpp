@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -138,8 +139,7 @@ TEST_F(AddPassesTest, CopyTheStatusOfEachRow) {
     targets.cmdAdd.userClick();
     Lines statuses;
     for (const auto& row : targets.lvSelected.ListItems) statuses.push_back(row.Tag);
-    EXPECT_THAT(statuses,
-                testing::ElementsAre("status of H1", "status of H3", "status of H2", "status of H4"));
+    EXPECT_THAT(statuses, LinesAre({"status of H1", "status of H3", "status of H2", "status of H4"}));
   });
 }
 

@@ -1,12 +1,12 @@
 // The page of the agentless options, and an install from it: what becomes of the account that it shows.
 #include "core/registry_values.h"
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
 using testing::Contains;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* kComplete =
@@ -121,12 +121,12 @@ TEST_F(AgentlessRunTest, AGoodAccountIsGivenToTheServiceBeforeTheRun) {
     enter(R"(CORP\svc)", "secret");
     install();
   });
-  EXPECT_THAT(changes(), ElementsAre(kChanged));
+  EXPECT_THAT(changes(), LinesAre({kChanged}));
   EXPECT_EQ(fake.services.password, "secret");
   EXPECT_LT(placeOf("secur32: AcceptSecurityContext"), placeOf("ChangeServiceConfig"));
   EXPECT_LT(placeOf("ChangeServiceConfig"), placeOf("Show modal frmLogin"));
   EXPECT_LT(placeOf("Show modal frmLogin"), placeOf("qrvRestartService MANAGER Varnhold Agent"));
-  EXPECT_THAT(boxes(), ElementsAre(kComplete));
+  EXPECT_THAT(boxes(), LinesAre({kComplete}));
 }
 
 TEST_F(AgentlessRunTest, AnAccountThatIsRefusedChangesNothing) {
@@ -149,7 +149,7 @@ TEST_F(AgentlessRunTest, ALockedAccountIsInForceAndLeftAlone) {
   });
   EXPECT_THAT(changes(), IsEmpty());
   EXPECT_THAT(fakes::linesOf(fake.journal, "secur32"), IsEmpty());
-  EXPECT_THAT(boxes(), ElementsAre(kComplete));
+  EXPECT_THAT(boxes(), LinesAre({kComplete}));
 }
 
 TEST_F(AgentlessRunTest, AnAccountThatIsUnlockedIsCheckedAndGiven) {
@@ -159,7 +159,7 @@ TEST_F(AgentlessRunTest, AnAccountThatIsUnlockedIsCheckedAndGiven) {
     enter(R"(CORP\svc)", "secret");
     install();
   });
-  EXPECT_THAT(changes(), ElementsAre(kChanged));
+  EXPECT_THAT(changes(), LinesAre({kChanged}));
 }
 
 TEST_F(AgentlessRunTest, AServiceThatRefusesTheAccountDoesNotStopTheInstall) {
@@ -172,7 +172,7 @@ TEST_F(AgentlessRunTest, AServiceThatRefusesTheAccountDoesNotStopTheInstall) {
   });
   EXPECT_THAT(fakes::linesOf(fake.journal, "append"),
               Contains(testing::HasSubstr("\"Could not change the service account On: MANAGER\"")));
-  EXPECT_THAT(boxes(), ElementsAre(kComplete));
+  EXPECT_THAT(boxes(), LinesAre({kComplete}));
 }
 
 TEST_F(AgentlessRunTest, ALogThatCannotBeWrittenShowsItsErrorAndTheInstallGoesOn) {

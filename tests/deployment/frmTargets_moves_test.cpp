@@ -1,10 +1,10 @@
 // The wizard's ways from page to page, and what is checked on them.
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* kNotDeep =
@@ -98,7 +98,7 @@ TEST_F(MovesTest, UpgradeFromAPopUpMenuBeginsOnPage2AndFindsNoSelectionOnPage1) 
       targets.cmdNext.userClick();
       EXPECT_EQ(targets.CurrentPage, 1);
     });
-    EXPECT_THAT(boxes(), ElementsAre("MessageBox exclamation: No computer selected."));
+    EXPECT_THAT(boxes(), LinesAre({"MessageBox exclamation: No computer selected."}));
   }
 }
 
@@ -160,7 +160,7 @@ TEST_F(MovesTest, NothingSelectedStaysOnPage1) {
     EXPECT_TRUE(targets.lvSelect.Visible);
     EXPECT_EQ(ui.screen.MousePointer, ui::Pointer::Default);
   });
-  EXPECT_THAT(boxes(), ElementsAre("MessageBox exclamation: No computer selected."));
+  EXPECT_THAT(boxes(), LinesAre({"MessageBox exclamation: No computer selected."}));
 }
 
 TEST_F(MovesTest, Page2ListsTheSelectionAnewWithItsStatuses) {
@@ -170,8 +170,8 @@ TEST_F(MovesTest, Page2ListsTheSelectionAnewWithItsStatuses) {
   choose("HOST2", "Tracking Changes & Events");
   show(3, 1, [this] {
     targets.cmdNext.userClick();
-    EXPECT_THAT(names(targets.lvSystems), ElementsAre("HOST1", "HOST2"));
-    EXPECT_THAT(statuses(), ElementsAre("Managed - Standard Mode", "Tracking Changes & Events"));
+    EXPECT_THAT(names(targets.lvSystems), LinesAre({"HOST1", "HOST2"}));
+    EXPECT_THAT(statuses(), LinesAre({"Managed - Standard Mode", "Tracking Changes & Events"}));
   });
 }
 
@@ -190,16 +190,16 @@ TEST_F(MovesTest, AnUninstallAsksWhatBecomesOfSnapshots) {
   };
   show(2, 1, [&] {
     targets.cmdNext.userClick();
-    EXPECT_THAT(cells(), ElementsAre("|", "No|2", "No|2"));
+    EXPECT_THAT(cells(), LinesAre({"|", "No|2", "No|2"}));
   });
   show(3, 1, [&] {
     targets.cmdNext.userClick();
-    EXPECT_THAT(cells(), ElementsAre("|", "|", "|"));
+    EXPECT_THAT(cells(), LinesAre({"|", "|", "|"}));
   });
   program.gChangesRoot.clear();
   show(2, 1, [&] {
     targets.cmdNext.userClick();
-    EXPECT_THAT(cells(), ElementsAre("|", "|", "|"));
+    EXPECT_THAT(cells(), LinesAre({"|", "|", "|"}));
   });
 }
 
@@ -222,9 +222,10 @@ TEST_F(MovesTest, Page7WantsACustomFileThatIsThere) {
     EXPECT_EQ(next(""), 6);
     EXPECT_THAT(
         boxes(),
-        ElementsAre(
-            "MessageBox exclamation: The specified config file either does not exist or cannot be reached.",
-            "MessageBox exclamation: The specified config file either does not exist or cannot be reached."));
+        LinesAre(
+            {"MessageBox exclamation: The specified config file either does not exist or cannot be reached.",
+             "MessageBox exclamation: The specified config file either does not exist or cannot be "
+             "reached."}));
     EXPECT_EQ(next(R"(C:\vhaconfig.ini)"), 7);
     EXPECT_TRUE(targets.freLogon.Visible);
   });
@@ -291,13 +292,13 @@ TEST_F(PathTest, APathNeedsTwoLevels) {
   for (const char* const path : {R"(C:\Foo)", "C:FooBar", R"(C:\a)", "", R"(a\b\c)"}) {
     fake.journal.clear();
     EXPECT_EQ(advance(path), std::string("5 ") + path);
-    EXPECT_THAT(boxes(), ElementsAre(kNotDeep)) << path;
+    EXPECT_THAT(boxes(), LinesAre({kNotDeep})) << path;
   }
 }
 
 TEST_F(PathTest, AClosingBackslashCountsForTheLengthAndNotForTheLevels) {
   EXPECT_EQ(advance(R"(C:\ab\)"), R"(5 C:\ab)");
-  EXPECT_THAT(boxes(), ElementsAre(kNotDeep));
+  EXPECT_THAT(boxes(), LinesAre({kNotDeep}));
   EXPECT_EQ(advance(R"(C:\a\b\)"), R"(6 C:\a\b)");
 }
 
@@ -312,7 +313,7 @@ TEST_F(PathTest, LettersOutsideAsciiCountAsOneCharacterEach) {
 
 TEST_F(PathTest, TheBoxOfTheChosenProductIsChecked) {
   EXPECT_EQ(advance(R"(C:\Foo)", 1), R"(5 C:\Foo)");
-  EXPECT_THAT(boxes(), ElementsAre(kNotDeep));
+  EXPECT_THAT(boxes(), LinesAre({kNotDeep}));
 }
 
 /// The page of the agentless options.

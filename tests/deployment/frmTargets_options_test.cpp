@@ -1,10 +1,10 @@
 // What the operator chooses on the wizard's pages.
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class OptionsTest : public WizardTest {
@@ -62,9 +62,9 @@ TEST_F(OptionsTest, BrowseTakesTheFileAndGoesBackToTheProgramsFolder) {
     EXPECT_EQ(targets.txtTemplate.Text, R"(D:\configs\web.ini)");
     EXPECT_TRUE(targets.optConfig(1).Value) << "a dialog of the host activates nothing";
     EXPECT_THAT(fake.journal,
-                ElementsAre("OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini|*.ini -> "
-                            R"(D:\configs\web.ini)",
-                            R"(SetCurrentDirectory C:\VARNHOLD -> yes)"));
+                LinesAre({"OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini|*.ini -> "
+                          R"(D:\configs\web.ini)",
+                          R"(SetCurrentDirectory C:\VARNHOLD -> yes)"}));
   });
 }
 
@@ -112,9 +112,9 @@ TEST_F(OptionsTest, EditingTheAccountTellsWhatItIsForAndUnlocksItsBoxes) {
   });
   EXPECT_THAT(
       boxes(),
-      ElementsAre("MessageBox exclamation: This account will be used to access all systems<CR><LF>which are "
-                  "configured for agentless monitoring.<CR><LF>Please ensure that you configure an account "
-                  "<CR><LF>that can access these systems as an administrator."));
+      LinesAre({"MessageBox exclamation: This account will be used to access all systems<CR><LF>which are "
+                "configured for agentless monitoring.<CR><LF>Please ensure that you configure an account "
+                "<CR><LF>that can access these systems as an administrator."}));
 }
 
 // The start time.
@@ -220,7 +220,7 @@ TEST_F(OptionsTest, TheQuestionEndsInAnActivationOfTheWizard) {
     turnTo(3);
     answer(true);
     targets.chkCopyRemedialActionScripts.userClick();
-    EXPECT_THAT(entries(targets.cboGroups), ElementsAre("All", "Lab", "Lab", "Lab"));
+    EXPECT_THAT(entries(targets.cboGroups), LinesAre({"All", "Lab", "Lab", "Lab"}));
   });
 }
 

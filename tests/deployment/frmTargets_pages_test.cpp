@@ -1,10 +1,10 @@
 // What the wizard's pages show, for each operation, with one product on this computer and with both.
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class PagesTest : public WizardTest {
@@ -131,7 +131,7 @@ TEST_F(PagesTest, ThePointerIsAnHourglassWhileAPageIsMade) {
     fake.journal.clear();
     targets.cmdNext.userClick();
     EXPECT_THAT(fakes::linesOf(fake.journal, "Pointer"),
-                ElementsAre("Pointer 11", "Pointer 0", "Pointer 11", "Pointer 0"));
+                LinesAre({"Pointer 11", "Pointer 0", "Pointer 11", "Pointer 0"}));
   });
 }
 
@@ -234,10 +234,10 @@ TEST_F(PagesTest, Page2OfAnUninstallTakesThePathsFromTheSelectionOrElseFromTheRu
   targets.Load();
   addRow("FROM-RUN-LIST");
   show(2, 2, [this] {
-    EXPECT_THAT(entries(targets.lstPathSystems), ElementsAre("FROM-RUN-LIST"));
+    EXPECT_THAT(entries(targets.lstPathSystems), LinesAre({"FROM-RUN-LIST"}));
     choose("SELECTED");
     reactivate();
-    EXPECT_THAT(entries(targets.lstPathSystems), ElementsAre("SELECTED"));
+    EXPECT_THAT(entries(targets.lstPathSystems), LinesAre({"SELECTED"}));
   });
 }
 
@@ -246,10 +246,10 @@ TEST_F(PagesTest, Page2OfAnUpgradeTakesThePathsFromTheSelectionAlone) {
   addRow("FROM-RUN-LIST");
   targets.lstPathSystems.AddItem("OLD");
   show(3, 2, [this] {
-    EXPECT_THAT(entries(targets.lstPathSystems), ElementsAre("OLD"));
+    EXPECT_THAT(entries(targets.lstPathSystems), LinesAre({"OLD"}));
     choose("SELECTED");
     reactivate();
-    EXPECT_THAT(entries(targets.lstPathSystems), ElementsAre("SELECTED"));
+    EXPECT_THAT(entries(targets.lstPathSystems), LinesAre({"SELECTED"}));
   });
 }
 
@@ -258,11 +258,11 @@ TEST_F(PagesTest, Page3OfAnInstallPrefersTheSelectionForThePaths) {
   addRow("FROM-RUN-LIST");
   show(1, 2, [this] {
     turnTo(3);
-    EXPECT_THAT(entries(targets.lstPathSystems), ElementsAre("FROM-RUN-LIST"));
+    EXPECT_THAT(entries(targets.lstPathSystems), LinesAre({"FROM-RUN-LIST"}));
     EXPECT_TRUE(targets.lblProgress.Visible);
     choose("SELECTED");
     reactivate();
-    EXPECT_THAT(entries(targets.lstPathSystems), ElementsAre("SELECTED"));
+    EXPECT_THAT(entries(targets.lstPathSystems), LinesAre({"SELECTED"}));
   });
 }
 
@@ -273,7 +273,7 @@ TEST_F(PagesTest, Page3OfAnUninstallTakesThePathsFromTheSelectionAlone) {
     EXPECT_THAT(entries(targets.lstPathSystems), IsEmpty());
     choose("SELECTED");
     reactivate();
-    EXPECT_THAT(entries(targets.lstPathSystems), ElementsAre("SELECTED"));
+    EXPECT_THAT(entries(targets.lstPathSystems), LinesAre({"SELECTED"}));
   });
 }
 
@@ -293,7 +293,7 @@ TEST_F(PagesTest, Page4ListsTheSystemsAndSaysWhichButtonLeadsOn) {
     addRow("HOST2");
     show(wanted.operation, 2, [&] {
       turnTo(4);
-      EXPECT_THAT(entries(targets.lstSystems), ElementsAre("HOST1", "HOST2"));
+      EXPECT_THAT(entries(targets.lstSystems), LinesAre({"HOST1", "HOST2"}));
       EXPECT_EQ(targets.lblAgentLast.Caption, wanted.text);
       EXPECT_EQ(targets.lblAgentInfo.Caption, wanted.info);
       EXPECT_EQ(targets.ActiveControl(), wanted.operation == 1 ? &targets.cmdNext : &targets.cmdInstall);
@@ -326,7 +326,7 @@ TEST_F(PagesTest, Page5OfAnAgentBasedInstallAsksForThePath) {
     EXPECT_FALSE(targets.picPolling.Visible);
     EXPECT_FALSE(targets.picAccount.Visible);
     EXPECT_EQ(targets.ActiveControl(), &targets.cmdInstall);
-    EXPECT_THAT(entries(targets.lstPathSystems), ElementsAre("HOST1"));
+    EXPECT_THAT(entries(targets.lstPathSystems), LinesAre({"HOST1"}));
   });
 }
 
@@ -367,10 +367,10 @@ TEST_F(PagesTest, Page5OfAnUpgradeAsksForTheWay) {
               "outside the domain.");
     EXPECT_TRUE(targets.optWinDom.Value);
     EXPECT_FALSE(targets.OptAgentless.Visible);
-    EXPECT_THAT(entries(targets.lstPathSystems), ElementsAre("FROM-RUN-LIST"));
+    EXPECT_THAT(entries(targets.lstPathSystems), LinesAre({"FROM-RUN-LIST"}));
     choose("SELECTED");
     reactivate();
-    EXPECT_THAT(entries(targets.lstPathSystems), ElementsAre("SELECTED"));
+    EXPECT_THAT(entries(targets.lstPathSystems), LinesAre({"SELECTED"}));
   });
 }
 

@@ -1,11 +1,11 @@
 // What stands before a run, what it shows while it goes, and what it ends with.
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
 using testing::Contains;
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
@@ -87,7 +87,7 @@ TEST_F(RunTest, APathThatIsNotDeepEnoughTouchesNothing) {
     targets.txtPathVHW.Text = R"(C:\Foo)";
     fake.journal.clear();
     targets.cmdInstall.userClick();
-    EXPECT_THAT(fake.journal, ElementsAre(kNotDeep));
+    EXPECT_THAT(fake.journal, LinesAre({kNotDeep}));
     EXPECT_TRUE(targets.frePath.Visible);
     EXPECT_EQ(targets.cmdInstall.Caption, "&Install");
   });
@@ -116,9 +116,8 @@ TEST_F(RunTest, PollingIsCheckedBeforeTheAccount) {
     targets.txtStartHour.Text = "25";
     fake.journal.clear();
     targets.cmdInstall.userClick();
-    EXPECT_THAT(fake.journal,
-                ElementsAre("MessageBox exclamation: Start time is in the HH:MM format and value "
-                            "of hour cannot be greater than 24 hours."));
+    EXPECT_THAT(fake.journal, LinesAre({"MessageBox exclamation: Start time is in the HH:MM format and value "
+                                        "of hour cannot be greater than 24 hours."}));
     EXPECT_TRUE(targets.frePath.Visible);
   });
 }
@@ -132,7 +131,7 @@ TEST_F(RunTest, AnAccountThatTheOperatorWantsToEnterIsChecked) {
     targets.txtAccount.Locked = false;
     fake.journal.clear();
     targets.cmdInstall.userClick();
-    EXPECT_THAT(fake.journal, ElementsAre("MessageBox exclamation: No username."));
+    EXPECT_THAT(fake.journal, LinesAre({"MessageBox exclamation: No username."}));
     EXPECT_TRUE(targets.frePath.Visible);
   });
 }
@@ -143,7 +142,7 @@ TEST_F(RunTest, TheAccountOfThePageThatNoButtonLeadsToIsCheckedWhereOneIsNamed) 
     targets.optAccounts(1).Value = true;
     fake.journal.clear();
     targets.cmdInstall.userClick();
-    EXPECT_THAT(fake.journal, ElementsAre("MessageBox exclamation: No username."));
+    EXPECT_THAT(fake.journal, LinesAre({"MessageBox exclamation: No username."}));
   });
 }
 
@@ -174,8 +173,8 @@ TEST_F(RunTest, ShowsTheRunListAndOffersCancelAlone) {
     EXPECT_TRUE(targets.cmdCancel.Enabled);
     EXPECT_EQ(targets.lblInfo.Caption, "Please wait...\rInstalling Agent(s)...");
     EXPECT_EQ(ui.screen.MousePointer, ui::Pointer::ArrowHourglass);
-    EXPECT_THAT(names(targets.lvSystems), ElementsAre("HOST1", "HOST2"));
-    EXPECT_THAT(statuses(), ElementsAre("Unmanaged", "Unmanaged"));
+    EXPECT_THAT(names(targets.lvSystems), LinesAre({"HOST1", "HOST2"}));
+    EXPECT_THAT(statuses(), LinesAre({"Unmanaged", "Unmanaged"}));
   };
   run(1, [&] { EXPECT_TRUE(seen); });
 }
@@ -231,12 +230,12 @@ TEST_F(RunTest, TheButtonThatThePromptShowsAnewStartsNoSecondRun) {
 TEST_F(RunTest, InstallWorksOnThePathsPagesListInItsOrder) {
   targets.Load();
   addRow("FROM-RUN-LIST");
-  run(1, [this] { EXPECT_THAT(names(targets.lvSystems), ElementsAre("HOST1", "HOST2")); });
+  run(1, [this] { EXPECT_THAT(names(targets.lvSystems), LinesAre({"HOST1", "HOST2"})); });
 }
 
 TEST_F(RunTest, EachChoiceHasItsEngine) {
   run(1, [this] {
-    EXPECT_THAT(statuses(), ElementsAre("Installed successfully", "Installed successfully"));
+    EXPECT_THAT(statuses(), LinesAre({"Installed successfully", "Installed successfully"}));
     EXPECT_TRUE(jobsStarted("qrvCInstall"));
   });
   targets.Unload();
@@ -273,7 +272,7 @@ TEST_F(RunTest, StopFinishesTheComputerInHand) {
   stopWhen([this] { return jobsStarted("qrvCInstall"); });
   run(1, [this] {
     EXPECT_EQ(infoAfterStop, "Update cancelled (finishing current task)");
-    EXPECT_THAT(statuses(), ElementsAre("Installed successfully", "Unmanaged"));
+    EXPECT_THAT(statuses(), LinesAre({"Installed successfully", "Unmanaged"}));
     EXPECT_TRUE(targets.isLoaded());
   });
 }
@@ -284,7 +283,7 @@ TEST_F(RunTest, TheFrameDoesNotCloseItMeanwhile) {
   };
   run(1, [this] {
     EXPECT_TRUE(targets.Visible());
-    EXPECT_THAT(statuses(), ElementsAre("Installed successfully", "Installed successfully"));
+    EXPECT_THAT(statuses(), LinesAre({"Installed successfully", "Installed successfully"}));
   });
 }
 
@@ -364,7 +363,7 @@ TEST_F(RunTest, ViewLogOpensTheLogInNotepad) {
     fake.journal.clear();
     targets.cmdCancel.userClick();
     EXPECT_THAT(fake.journal,
-                ElementsAre(R"(ShellExecute open Notepad.exe C:\VARNHOLD\AILog.txt show 1 -> 33)"));
+                LinesAre({R"(ShellExecute open Notepad.exe C:\VARNHOLD\AILog.txt show 1 -> 33)"}));
     EXPECT_TRUE(targets.Visible());
   });
 }
@@ -375,7 +374,7 @@ TEST_F(RunTest, ViewLogSaysWhenThereIsNoNotepad) {
     fake.processes.result = 2;
     fake.journal.clear();
     targets.cmdCancel.userClick();
-    EXPECT_THAT(boxes(), ElementsAre("MessageBox critical: Error: Could not load 'NotePad'."));
+    EXPECT_THAT(boxes(), LinesAre({"MessageBox critical: Error: Could not load 'NotePad'."}));
     EXPECT_TRUE(targets.Visible());
   });
 }

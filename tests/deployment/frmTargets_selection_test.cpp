@@ -1,10 +1,10 @@
 // Which computers can be picked, and how rows move between the lists of the selection page.
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class SelectionTest : public WizardTest {
@@ -40,10 +40,10 @@ TEST_F(SelectionTest, AllOffersEveryComputerThatTheConsoleShowsInTheOrderOfTheIn
   addUnmanaged({"HOST2", "HOST1", "HOST3"});
   show(1, 1, [this] {
     EXPECT_EQ(targets.cboGroups.Text, "All");
-    EXPECT_THAT(candidates(), ElementsAre("HOST2", "HOST1", "HOST3"));
+    EXPECT_THAT(candidates(), LinesAre({"HOST2", "HOST1", "HOST3"}));
     EXPECT_THAT(withTags(targets.lvSelect),
-                ElementsAre("HOST2|Unmanaged", "HOST1|Unmanaged", "HOST3|Unmanaged"));
-    EXPECT_THAT(chosen(targets.lvSelect), ElementsAre("HOST2"));
+                LinesAre({"HOST2|Unmanaged", "HOST1|Unmanaged", "HOST3|Unmanaged"}));
+    EXPECT_THAT(chosen(targets.lvSelect), LinesAre({"HOST2"}));
   });
 }
 
@@ -56,13 +56,13 @@ TEST_F(SelectionTest, AllAsksForTheComputersAsTheConsoleDoes) {
 TEST_F(SelectionTest, WhatTheConsoleDoesNotShowCannotBePicked) {
   addUnmanaged({"HOST1", "HOST2"});
   console.lvListView.ListItems.Remove(1);
-  show(1, 1, [this] { EXPECT_THAT(candidates(), ElementsAre("HOST2")); });
+  show(1, 1, [this] { EXPECT_THAT(candidates(), LinesAre({"HOST2"})); });
 }
 
 TEST_F(SelectionTest, TheConsolesNamesAreFoundWithoutRegardToCase) {
   addUnmanaged({"HOST1"});
   console.lvListView.ListItems(1).Text = "host1";
-  show(1, 1, [this] { EXPECT_THAT(candidates(), ElementsAre("HOST1")); });
+  show(1, 1, [this] { EXPECT_THAT(candidates(), LinesAre({"HOST1"})); });
 }
 
 TEST_F(SelectionTest, SomeTypesAreNoCandidatesOfAllButOfAGroup) {
@@ -72,7 +72,7 @@ TEST_F(SelectionTest, SomeTypesAreNoCandidatesOfAllButOfAGroup) {
   addComputer("HOST1");
   addGroup("Lab", {"SUN", "SYSLOG", "HIDDEN", "HOST1"});
   show(1, 1, [this] {
-    EXPECT_THAT(candidates(), ElementsAre("HOST1"));
+    EXPECT_THAT(candidates(), LinesAre({"HOST1"}));
     targets.cboGroups.userSelect(1);
     EXPECT_THAT(candidates(), testing::UnorderedElementsAre("SUN", "SYSLOG", "HIDDEN", "HOST1"));
   });
@@ -89,19 +89,20 @@ TEST_F(SelectionTest, EachOperationOffersTheStatusesThatItCanDoSomethingWith) {
   addComputer("PART", "Managed - Standard");
   addComputer("STANDARD", "Managed - Standard Mode");
   addComputer("UNMANAGED", "Unmanaged");
-  show(1, 1, [this] { EXPECT_THAT(candidates(), ElementsAre("CHANGES", "NOSTATUS", "UNMANAGED")); });
+  show(1, 1, [this] { EXPECT_THAT(candidates(), LinesAre({"CHANGES", "NOSTATUS", "UNMANAGED"})); });
   targets.Unload();
   show(2, 1, [this] {
-    EXPECT_THAT(candidates(), ElementsAre("AGENTLESS", "BOTH", "HIGH", "NOSTATUS", "PART", "STANDARD"));
+    EXPECT_THAT(candidates(), LinesAre({"AGENTLESS", "BOTH", "HIGH", "NOSTATUS", "PART", "STANDARD"}));
   });
   targets.Unload();
-  show(3, 1,
-       [this] { EXPECT_THAT(candidates(), ElementsAre("BOTH", "HIGH", "NOSTATUS", "PART", "STANDARD")); });
+  show(3, 1, [this] {
+    EXPECT_THAT(candidates(), LinesAre({"BOTH", "HIGH", "NOSTATUS", "PART", "STANDARD"}));
+  });
 }
 
 TEST_F(SelectionTest, TheManagerIsNotOfferedInWhateverCase) {
   addUnmanaged({"manager", "HOST1"});
-  show(1, 1, [this] { EXPECT_THAT(candidates(), ElementsAre("HOST1")); });
+  show(1, 1, [this] { EXPECT_THAT(candidates(), LinesAre({"HOST1"})); });
 }
 
 TEST_F(SelectionTest, AGroupOffersItsMembers) {
@@ -111,7 +112,7 @@ TEST_F(SelectionTest, AGroupOffersItsMembers) {
     targets.cboGroups.userSelect(1);
     EXPECT_THAT(candidates(), testing::UnorderedElementsAre("HOST1", "HOST3"));
     targets.cboGroups.userSelect(0);
-    EXPECT_THAT(candidates(), ElementsAre("HOST1", "HOST2", "HOST3"));
+    EXPECT_THAT(candidates(), LinesAre({"HOST1", "HOST2", "HOST3"}));
   });
 }
 
@@ -136,7 +137,7 @@ TEST_F(SelectionTest, WhatIsSelectedIsNotOfferedAgain) {
     pick({1});
     targets.cmdAdd.userClick();
     targets.cboGroups.userSelect(1);
-    EXPECT_THAT(candidates(), ElementsAre("HOST2"));
+    EXPECT_THAT(candidates(), LinesAre({"HOST2"}));
   });
 }
 
@@ -159,8 +160,8 @@ TEST_F(SelectionTest, AddMovesARowWithItsStatusAndOffersTheNextPage) {
     ASSERT_FALSE(targets.cmdNext.Enabled);
     pick({2});
     targets.cmdAdd.userClick();
-    EXPECT_THAT(candidates(), ElementsAre("HOST1", "HOST3"));
-    EXPECT_THAT(withTags(targets.lvSelected), ElementsAre("HOST2|Unmanaged"));
+    EXPECT_THAT(candidates(), LinesAre({"HOST1", "HOST3"}));
+    EXPECT_THAT(withTags(targets.lvSelected), LinesAre({"HOST2|Unmanaged"}));
     EXPECT_TRUE(targets.cmdNext.Enabled);
     EXPECT_EQ(targets.lvSystems.ListItems.Count(), 0);
   });
@@ -171,8 +172,8 @@ TEST_F(SelectionTest, AddMovesNeighboursInSpiteOfTheShift) {
   show(1, 1, [this] {
     pick({1, 2});
     targets.cmdAdd.userClick();
-    EXPECT_THAT(candidates(), ElementsAre("HOST3"));
-    EXPECT_THAT(selected(), ElementsAre("HOST1", "HOST2"));
+    EXPECT_THAT(candidates(), LinesAre({"HOST3"}));
+    EXPECT_THAT(selected(), LinesAre({"HOST1", "HOST2"}));
   });
 }
 
@@ -183,7 +184,7 @@ TEST_F(SelectionTest, AddTakesManyNeighboursInTheOrderOfItsPasses) {
     pick({1, 2, 3, 4, 5, 6});
     targets.cmdAdd.userClick();
     EXPECT_THAT(candidates(), IsEmpty());
-    EXPECT_THAT(selected(), ElementsAre("H1", "H3", "H5", "H2", "H6", "H4"));
+    EXPECT_THAT(selected(), LinesAre({"H1", "H3", "H5", "H2", "H6", "H4"}));
   });
 }
 
@@ -192,8 +193,8 @@ TEST_F(SelectionTest, AddTakesRowsApartInTheirOrder) {
   show(1, 1, [this] {
     pick({1, 3, 5});
     targets.cmdAdd.userClick();
-    EXPECT_THAT(candidates(), ElementsAre("H2", "H4"));
-    EXPECT_THAT(selected(), ElementsAre("H1", "H3", "H5"));
+    EXPECT_THAT(candidates(), LinesAre({"H2", "H4"}));
+    EXPECT_THAT(selected(), LinesAre({"H1", "H3", "H5"}));
   });
 }
 
@@ -202,7 +203,7 @@ TEST_F(SelectionTest, AddSelectsTheRowThatTookThePlaceOfTheFocusedOneAndNoOther)
   show(1, 1, [this] {
     pick({2});
     targets.cmdAdd.userClick();
-    EXPECT_THAT(chosen(targets.lvSelect), ElementsAre("H3"));
+    EXPECT_THAT(chosen(targets.lvSelect), LinesAre({"H3"}));
     EXPECT_EQ(focused(targets.lvSelect), "H3");
   });
 }
@@ -212,7 +213,7 @@ TEST_F(SelectionTest, AddOfTheLastRowSelectsTheFirst) {
   show(1, 1, [this] {
     pick({3});
     targets.cmdAdd.userClick();
-    EXPECT_THAT(chosen(targets.lvSelect), ElementsAre("H1"));
+    EXPECT_THAT(chosen(targets.lvSelect), LinesAre({"H1"}));
   });
 }
 
@@ -230,8 +231,8 @@ TEST_F(SelectionTest, AddLeavesARowWhoseNameIsSelectedAlready) {
     choose("h1", "Unmanaged");
     pick({1, 2});
     targets.cmdAdd.userClick();
-    EXPECT_THAT(candidates(), ElementsAre("H1"));
-    EXPECT_THAT(selected(), ElementsAre("h1", "H2"));
+    EXPECT_THAT(candidates(), LinesAre({"H1"}));
+    EXPECT_THAT(selected(), LinesAre({"h1", "H2"}));
   });
 }
 
@@ -244,7 +245,7 @@ TEST_F(SelectionTest, RemoveGivesTheComputersBackByTheRulesAndNotAtTheEnd) {
     targets.cmdAdd.userClick();
     targets.lvSelected.userClick(1);
     targets.cmdRemove.userClick();
-    EXPECT_THAT(candidates(), ElementsAre("H1", "H2", "H3"));
+    EXPECT_THAT(candidates(), LinesAre({"H1", "H2", "H3"}));
     EXPECT_THAT(selected(), IsEmpty());
     EXPECT_FALSE(targets.cmdNext.Enabled);
   });
@@ -259,7 +260,7 @@ TEST_F(SelectionTest, AComputerOfAnotherGroupDoesNotComeBack) {
     targets.cboGroups.userSelect(1);
     targets.lvSelected.userClick(1);
     targets.cmdRemove.userClick();
-    EXPECT_THAT(candidates(), ElementsAre("H2"));
+    EXPECT_THAT(candidates(), LinesAre({"H2"}));
     EXPECT_THAT(selected(), IsEmpty());
   });
 }
@@ -269,8 +270,8 @@ TEST_F(SelectionTest, RemoveTakesEverySelectedRowAndSelectsTheOneInThePlaceOfThe
     for (const char* const name : {"H1", "H2", "H3", "H4", "H5"}) choose(name);
     targets.lvSelected.userSelection({2, 4}, 2);
     targets.cmdRemove.userClick();
-    EXPECT_THAT(selected(), ElementsAre("H1", "H3", "H5"));
-    EXPECT_THAT(chosen(targets.lvSelected), ElementsAre("H3"));
+    EXPECT_THAT(selected(), LinesAre({"H1", "H3", "H5"}));
+    EXPECT_THAT(chosen(targets.lvSelected), LinesAre({"H3"}));
   });
 }
 
@@ -279,8 +280,8 @@ TEST_F(SelectionTest, RemoveOfTheLastRowSelectsTheFirst) {
     for (const char* const name : {"H1", "H2", "H3"}) choose(name);
     targets.lvSelected.userClick(3);
     targets.cmdRemove.userClick();
-    EXPECT_THAT(selected(), ElementsAre("H1", "H2"));
-    EXPECT_THAT(chosen(targets.lvSelected), ElementsAre("H1"));
+    EXPECT_THAT(selected(), LinesAre({"H1", "H2"}));
+    EXPECT_THAT(chosen(targets.lvSelected), LinesAre({"H1"}));
   });
 }
 
@@ -288,7 +289,7 @@ TEST_F(SelectionTest, RemoveDoesNothingWithoutAFocusedRow) {
   show(1, 1, [this] {
     choose("H1");
     targets.cmdRemove.userClick();
-    EXPECT_THAT(selected(), ElementsAre("H1"));
+    EXPECT_THAT(selected(), LinesAre({"H1"}));
   });
 }
 
@@ -311,9 +312,9 @@ TEST_F(SelectionTest, AddAllMovesEveryRowAndFillsTheRunListToo) {
     targets.cmdselectall.userClick();
     EXPECT_THAT(candidates(), IsEmpty());
     EXPECT_THAT(withTags(targets.lvSelected),
-                ElementsAre("H1|Unmanaged", "H2|Unmanaged", "H3|Tracking Changes"));
-    EXPECT_THAT(names(targets.lvSystems), ElementsAre("H1", "H2", "H3"));
-    EXPECT_THAT(statuses(), ElementsAre("Unmanaged", "Unmanaged", "Tracking Changes"));
+                LinesAre({"H1|Unmanaged", "H2|Unmanaged", "H3|Tracking Changes"}));
+    EXPECT_THAT(names(targets.lvSystems), LinesAre({"H1", "H2", "H3"}));
+    EXPECT_THAT(statuses(), LinesAre({"Unmanaged", "Unmanaged", "Tracking Changes"}));
     EXPECT_TRUE(targets.cmdNext.Enabled);
   });
 }
@@ -324,8 +325,8 @@ TEST_F(SelectionTest, AddAllWritesStatusesFromTheTopOfARunListThatHeldRowsBefore
   addRow("OLD", "Unmanaged");
   show(1, 1, [this] {
     targets.cmdselectall.userClick();
-    EXPECT_THAT(names(targets.lvSystems), ElementsAre("OLD", "H1"));
-    EXPECT_THAT(statuses(), ElementsAre("Tracking Changes", ""));
+    EXPECT_THAT(names(targets.lvSystems), LinesAre({"OLD", "H1"}));
+    EXPECT_THAT(statuses(), LinesAre({"Tracking Changes", ""}));
   });
 }
 
@@ -347,9 +348,9 @@ TEST_F(SelectionTest, RemoveAllGivesEveryComputerBackButLeavesTheRunList) {
     targets.cmdselectall.userClick();
     targets.cmdremoveall.userClick();
     EXPECT_THAT(selected(), IsEmpty());
-    EXPECT_THAT(candidates(), ElementsAre("H1", "H2"));
+    EXPECT_THAT(candidates(), LinesAre({"H1", "H2"}));
     EXPECT_FALSE(targets.cmdNext.Enabled);
-    EXPECT_THAT(names(targets.lvSystems), ElementsAre("H1", "H2"));
+    EXPECT_THAT(names(targets.lvSystems), LinesAre({"H1", "H2"}));
   });
 }
 

@@ -1,6 +1,7 @@
 // How the wizard loads, is activated and goes away.
 #include "core/registry_values.h"
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -140,9 +141,9 @@ TEST_F(WizardLifeTest, ActivationGoesThroughItsStepsInOrder) {
   ui.onPump = [this] { fake.journal.push_back("events"); };
   ui.nextModal("frmTargets", [this](ui::Form&) {
     EXPECT_THAT(fakes::linesWithout(fake.journal, {"Show"}),
-                ElementsAre("Pointer 11", "Pointer 0", "events", "Pointer 11", "NodeClick Lab",
-                            "SQL: SELECT * FROM System_Group_Master",
-                            "SQL: SELECT * FROM System_Group WHERE Group_Name = 'Lab'", "Pointer 0"));
+                LinesAre({"Pointer 11", "Pointer 0", "events", "Pointer 11", "NodeClick Lab",
+                          "SQL: SELECT * FROM System_Group_Master",
+                          "SQL: SELECT * FROM System_Group WHERE Group_Name = 'Lab'", "Pointer 0"}));
     targets.Hide();
   });
   targets.ShowModal(&console);
@@ -154,7 +155,7 @@ TEST_F(WizardLifeTest, WithoutASelectedNodeOrWithTheRootEveryGroupCanBeChosen) {
   show(1, 1, [this] {
     EXPECT_EQ(targets.cboGroups.Text, "All");
     EXPECT_TRUE(targets.cboGroups.Enabled);
-    EXPECT_THAT(entries(targets.cboGroups), ElementsAre("All", "Lab"));
+    EXPECT_THAT(entries(targets.cboGroups), LinesAre({"All", "Lab"}));
   });
   targets.Unload();
   EXPECT_THAT(fakes::linesOf(fake.journal, "NodeClick"), IsEmpty());
@@ -163,7 +164,7 @@ TEST_F(WizardLifeTest, WithoutASelectedNodeOrWithTheRootEveryGroupCanBeChosen) {
     EXPECT_EQ(targets.cboGroups.Text, "All");
     EXPECT_TRUE(targets.cboGroups.Enabled);
   });
-  EXPECT_THAT(fakes::linesOf(fake.journal, "NodeClick"), ElementsAre("NodeClick Groups"));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "NodeClick"), LinesAre({"NodeClick Groups"}));
 }
 
 TEST_F(WizardLifeTest, TheGroupOfTheSelectedNodeIsTheOnlyOne) {
@@ -175,7 +176,7 @@ TEST_F(WizardLifeTest, TheGroupOfTheSelectedNodeIsTheOnlyOne) {
   show(1, 1, [this] {
     EXPECT_EQ(targets.cboGroups.Text, "Lab");
     EXPECT_FALSE(targets.cboGroups.Enabled);
-    EXPECT_THAT(names(targets.lvSelect), ElementsAre("HOST2"));
+    EXPECT_THAT(names(targets.lvSelect), LinesAre({"HOST2"}));
     EXPECT_TRUE(console.tvTreeView.Nodes(2).Selected());
   });
 }
@@ -195,9 +196,9 @@ TEST_F(WizardLifeTest, EachActivationAddsTheGroupsOnceMore) {
   addGroup("Lab");
   addGroup("Web");
   show(1, 1, [this] {
-    EXPECT_THAT(entries(targets.cboGroups), ElementsAre("All", "Lab", "Web"));
+    EXPECT_THAT(entries(targets.cboGroups), LinesAre({"All", "Lab", "Web"}));
     reactivate();
-    EXPECT_THAT(entries(targets.cboGroups), ElementsAre("All", "Lab", "Web", "Lab", "Web"));
+    EXPECT_THAT(entries(targets.cboGroups), LinesAre({"All", "Lab", "Web", "Lab", "Web"}));
   });
 }
 
@@ -224,12 +225,12 @@ TEST_F(WizardLifeTest, ActivationShowsThePageAnewAndTheWholeGroupWhereAnotherWas
   addGroup("Lab", {"HOST2"});
   show(1, 1, [this] {
     targets.cboGroups.userSelect(1);
-    ASSERT_THAT(names(targets.lvSelect), ElementsAre("HOST2"));
+    ASSERT_THAT(names(targets.lvSelect), LinesAre({"HOST2"}));
     targets.freMain.Visible = false;
     reactivate();
     EXPECT_TRUE(targets.freMain.Visible);
     EXPECT_EQ(targets.cboGroups.Text, "All");
-    EXPECT_THAT(names(targets.lvSelect), ElementsAre("HOST1", "HOST2"));
+    EXPECT_THAT(names(targets.lvSelect), LinesAre({"HOST1", "HOST2"}));
   });
 }
 
@@ -237,7 +238,7 @@ TEST_F(WizardLifeTest, AMessageBoxActivatesNothing) {
   addGroup("Lab");
   show(3, 1, [this] {
     targets.cmdNext.userClick();
-    EXPECT_THAT(entries(targets.cboGroups), ElementsAre("All", "Lab"));
+    EXPECT_THAT(entries(targets.cboGroups), LinesAre({"All", "Lab"}));
   });
   EXPECT_EQ(boxes().size(), 1u);
 }
@@ -260,7 +261,7 @@ TEST_F(WizardLifeTest, EveryEndRefreshesTheConsole) {
     targets.cmdCancel.userClick();
     EXPECT_FALSE(targets.isLoaded());
   });
-  EXPECT_THAT(fakes::linesOf(fake.journal, "mnuViewRefresh"), ElementsAre("mnuViewRefresh_Click"));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "mnuViewRefresh"), LinesAre({"mnuViewRefresh_Click"}));
 }
 
 TEST_F(WizardLifeTest, TheFrameClosesItUnlessAnEngineRuns) {

@@ -1,6 +1,7 @@
 // The install of the Varnhold agent, agent based.
 #include "base/runtime_error.h"
 #include "tests/deployment/engine_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -12,10 +13,6 @@ using testing::IsEmpty;
 const std::string kIni =
     R"(qrvCReadNWriteVhaConfigINI4Turbo C:\VARNHOLD\RemoteInstaller\Agent\vhagent )"
     R"(C:\VARNHOLD\RemoteInstaller\Agent C:\VARNHOLD\RemoteInstaller\Agent\vhaconfig.ini )";
-const std::string kFailed180 =
-    "Failed to create service. This may be due to insufficient permission or network problems.";
-const std::string kNotStarted =
-    "Unknown error. This may be due to insufficient permission or network problems.";
 const std::string kNotResolved = "Could not resolve the IP Address for the system.";
 const std::string kNoConfiguration = "Could not create the configuration file on the local system.";
 
@@ -41,7 +38,7 @@ class InstallEngine : public EngineTest {
   }
   void expectFault(const std::string& text) {
     EXPECT_THAT(statuses(), ElementsAre(text));
-    EXPECT_THAT(log(), ElementsAre("HOST1 - " + text));
+    EXPECT_THAT(log(), LinesAre({"HOST1 - " + text}));
     EXPECT_TRUE(targets.ErrorsSeen);
     EXPECT_THAT(changes(), IsEmpty());
   }
@@ -50,15 +47,29 @@ class InstallEngine : public EngineTest {
 TEST_F(InstallEngine, InstallsOnAComputerStepByStep) {
   addComputer("HOST1").polls = 1;
   run();
-  EXPECT_THAT(fake.journal,
-              ElementsAre("Pointer 13", kResetLog, "Pointer 0", "Pointer 13",
-                          "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1", findsSystem("HOST1"),
-                          "qrvGetSystemIPAddress HOST1 -> 1", kIni + "1 -> 1", configures("HOST1"),
-                          installs("HOST1", 7), "GetExitCodeThread 7 -> 259", "Progress 1", "Sleep 200",
-                          "GetExitCodeThread 7 -> 1150", "CloseHandle 7",
-                          status("HOST1", "Installed successfully"), findsAgent("HOST1"), addsAgent("HOST1"),
-                          "Select HOST1", "Visible HOST1", "Progress 99", "Pointer 0"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\A|0|0)"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13",
+                                      kResetLog,
+                                      "Pointer 0",
+                                      "Pointer 13",
+                                      "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1",
+                                      findsSystem("HOST1"),
+                                      "qrvGetSystemIPAddress HOST1 -> 1",
+                                      kIni + "1 -> 1",
+                                      configures("HOST1"),
+                                      installs("HOST1", 7),
+                                      "GetExitCodeThread 7 -> 259",
+                                      "Progress 1",
+                                      "Sleep 200",
+                                      "GetExitCodeThread 7 -> 1150",
+                                      "CloseHandle 7",
+                                      status("HOST1", "Installed successfully"),
+                                      findsAgent("HOST1"),
+                                      addsAgent("HOST1"),
+                                      "Select HOST1",
+                                      "Visible HOST1",
+                                      "Progress 99",
+                                      "Pointer 0"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\A|0|0)"}));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
@@ -66,25 +77,49 @@ TEST_F(InstallEngine, HandlesEventsBetweenItsSteps) {
   addComputer("HOST1");
   watchPumps();
   run();
-  EXPECT_THAT(fake.journal,
-              ElementsAre("Pointer 13", kResetLog, "pump", "pump", "pump", "pump", "Pointer 0", "Pointer 13",
-                          "pump", "pump", "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1", "pump", "pump",
-                          findsSystem("HOST1"), "qrvGetSystemIPAddress HOST1 -> 1", "pump", kIni + "1 -> 1",
-                          configures("HOST1"), installs("HOST1", 7), "pump", "GetExitCodeThread 7 -> 1150",
-                          "CloseHandle 7", "pump", status("HOST1", "Installed successfully"),
-                          findsAgent("HOST1"), addsAgent("HOST1"), "pump", "pump", "Select HOST1",
-                          "Visible HOST1", "Progress 99", "Pointer 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13",
+                                      kResetLog,
+                                      "pump",
+                                      "pump",
+                                      "pump",
+                                      "pump",
+                                      "Pointer 0",
+                                      "Pointer 13",
+                                      "pump",
+                                      "pump",
+                                      "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1",
+                                      "pump",
+                                      "pump",
+                                      findsSystem("HOST1"),
+                                      "qrvGetSystemIPAddress HOST1 -> 1",
+                                      "pump",
+                                      kIni + "1 -> 1",
+                                      configures("HOST1"),
+                                      installs("HOST1", 7),
+                                      "pump",
+                                      "GetExitCodeThread 7 -> 1150",
+                                      "CloseHandle 7",
+                                      "pump",
+                                      status("HOST1", "Installed successfully"),
+                                      findsAgent("HOST1"),
+                                      addsAgent("HOST1"),
+                                      "pump",
+                                      "pump",
+                                      "Select HOST1",
+                                      "Visible HOST1",
+                                      "Progress 99",
+                                      "Pointer 0"}));
 }
 
 TEST_F(InstallEngine, FindsAndStoresAComputerThatTheInventoryDoesNotKnow) {
   addUnknownComputer("HOST1");
   run();
   EXPECT_THAT(libraryCalls(),
-              ElementsAre("qrvFindSystemAndReturnDetails", "qrvFindSystemAndReturnDetails",
-                          "qrvUpdateSystemDetailsInDB", "qrvGetSystemIPAddress",
-                          "qrvCReadNWriteVhaConfigINI4Turbo", "qrvCCreateConfigurationFile", "qrvCInstall"));
-  EXPECT_THAT(inventory.computers(), ElementsAre("HOST1|7"));
-  EXPECT_THAT(statuses(), ElementsAre("Installed successfully"));
+              LinesAre({"qrvFindSystemAndReturnDetails", "qrvFindSystemAndReturnDetails",
+                        "qrvUpdateSystemDetailsInDB", "qrvGetSystemIPAddress",
+                        "qrvCReadNWriteVhaConfigINI4Turbo", "qrvCCreateConfigurationFile", "qrvCInstall"}));
+  EXPECT_THAT(inventory.computers(), LinesAre({"HOST1|7"}));
+  EXPECT_THAT(statuses(), LinesAre({"Installed successfully"}));
 }
 
 TEST_F(InstallEngine, ShowsTheRunAndLocksTheButtons) {
@@ -109,10 +144,9 @@ TEST_F(InstallEngine, WordsASuccessWithAReservationAndRecordsTheAgent) {
   run();
   EXPECT_THAT(
       statuses(),
-      ElementsAre(
-          "Installed successfully - Failed to configure security. Please apply security settings.",
-          "Installed successfully - Could not start the service automatically. Please try manually."));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\A|0|0)", R"(HOST2|1|C:\A|0|0)"));
+      LinesAre({"Installed successfully - Failed to configure security. Please apply security settings.",
+                "Installed successfully - Could not start the service automatically. Please try manually."}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\A|0|0)", R"(HOST2|1|C:\A|0|0)"}));
   EXPECT_THAT(log(), IsEmpty());
   EXPECT_FALSE(targets.ErrorsSeen);
 }
@@ -134,7 +168,7 @@ TEST_F(InstallEngine, EndsIn710WhereNoThreadWasStarted) {
 TEST_F(InstallEngine, EndsIn800WhereTheNameDoesNotResolve) {
   addComputer("HOST1").address.reset();
   run();
-  EXPECT_THAT(libraryCalls(), ElementsAre("qrvFindSystemAndReturnDetails", "qrvGetSystemIPAddress"));
+  EXPECT_THAT(libraryCalls(), LinesAre({"qrvFindSystemAndReturnDetails", "qrvGetSystemIPAddress"}));
   expectFault(kNotResolved);
 }
 
@@ -149,8 +183,8 @@ TEST_F(InstallEngine, EndsIn710WhereTheIniFileIsNotEditedAndWritesNoSetupFile) {
   addComputer("HOST1");
   fake.libraries.iniEdits = false;
   run();
-  EXPECT_THAT(libraryCalls(), ElementsAre("qrvFindSystemAndReturnDetails", "qrvGetSystemIPAddress",
-                                          "qrvCReadNWriteVhaConfigINI4Turbo"));
+  EXPECT_THAT(libraryCalls(), LinesAre({"qrvFindSystemAndReturnDetails", "qrvGetSystemIPAddress",
+                                        "qrvCReadNWriteVhaConfigINI4Turbo"}));
   expectFault(kNotStarted);
 }
 
@@ -165,50 +199,48 @@ TEST_F(InstallEngine, TakesAFailedPollForAResultAndLeavesTheHandleOpen) {
 TEST_F(InstallEngine, SkipsAComputerThatDoesNotRespond) {
   addUnknownComputer("HOST1").answers = false;
   run();
-  EXPECT_THAT(deeds(), ElementsAre(kResetLog, "qrvFindSystemAndReturnDetails HOST1 level 1 -> 0",
-                                   findsSystem("HOST1"), "qrvFindSystemAndReturnDetails HOST1 level 1 -> 0",
-                                   logged("Skipped: HOST1 - System not responding"),
-                                   status("HOST1", "Skipped: System not responding")));
+  EXPECT_THAT(deeds(), LinesAre({kResetLog, "qrvFindSystemAndReturnDetails HOST1 level 1 -> 0",
+                                 findsSystem("HOST1"), "qrvFindSystemAndReturnDetails HOST1 level 1 -> 0",
+                                 logged("Skipped: HOST1 - System not responding"),
+                                 status("HOST1", "Skipped: System not responding")}));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
 
 TEST_F(InstallEngine, SkipsTheManagersOwnComputerInAnyCaseWithoutAWordInTheLog) {
   addRow("Manager");
   run();
-  EXPECT_THAT(fake.journal, ElementsAre("Pointer 13", kResetLog, "Pointer 0", "Pointer 13",
-                                        status("Manager", "Skipped: Manager (local system)"),
-                                        "Select Manager", "Visible Manager", "Progress 99", "Pointer 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13", kResetLog, "Pointer 0", "Pointer 13",
+                                      status("Manager", "Skipped: Manager (local system)"), "Select Manager",
+                                      "Visible Manager", "Progress 99", "Pointer 0"}));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
 TEST_F(InstallEngine, SkipsAnAgentlessComputerForAnAgentOnIt) {
   addComputer("HOST1", "managed - agentless mode");
   run();
-  EXPECT_THAT(
-      deeds(),
-      ElementsAre(
-          kResetLog,
-          status("HOST1", "Skipped: Cannot implement both agent based and agent less simultaneously")));
+  EXPECT_THAT(deeds(),
+              LinesAre({kResetLog,
+                        status("HOST1",
+                               "Skipped: Cannot implement both agent based and agent less simultaneously")}));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
 TEST_F(InstallEngine, SkipsAnInaccessibleRowWithoutAWord) {
   addComputer("HOST1", "not accessible, will be skipped.");
   run();
-  EXPECT_THAT(fake.journal, ElementsAre("Pointer 13", kResetLog, "Pointer 0", "Select HOST1", "Visible HOST1",
-                                        "Progress 99"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13", kResetLog, "Pointer 0", "Select HOST1", "Visible HOST1",
+                                      "Progress 99"}));
 }
 
 TEST_F(InstallEngine, InstallsAgainOverARunningAgentAndUpdatesItsRowInPlace) {
   addComputer("HOST1", "Managed - Standard Mode");
   inventory.addAgent("HOST1", 1);
   run();
-  EXPECT_THAT(
-      changes(),
-      ElementsAre("SQL: UPDATE Module_Table SET Install_Directory =  'C:\\A', Manual = 0, Module_ID = "
-                  "1 WHERE System_Name = 'HOST1' AND (Module_ID = 1 OR Module_ID = 5) AND Agentless "
-                  "= 0"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\A|0|0)"));
+  EXPECT_THAT(changes(),
+              LinesAre({"SQL: UPDATE Module_Table SET Install_Directory =  'C:\\A', Manual = 0, Module_ID = "
+                        "1 WHERE System_Name = 'HOST1' AND (Module_ID = 1 OR Module_ID = 5) AND Agentless "
+                        "= 0"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\A|0|0)"}));
 }
 
 TEST_F(InstallEngine, NoStatusFailsTheGate) {
@@ -226,8 +258,8 @@ TEST_F(InstallEngine, OneStatusWithAllTheWordsWouldFailTheGate) {
               "Managed - Agentless Mode");
   targets.OptAgentbased.Value.settle(false);
   run();
-  EXPECT_THAT(log(), ElementsAre("Skipped: HOST1 - Agent already installed"));
-  EXPECT_THAT(statuses(), ElementsAre("Skipped: Agent already installed"));
+  EXPECT_THAT(log(), LinesAre({"Skipped: HOST1 - Agent already installed"}));
+  EXPECT_THAT(statuses(), LinesAre({"Skipped: Agent already installed"}));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
 
@@ -244,18 +276,17 @@ TEST_F(InstallEngine, HighPerformanceReachesTheIniFileAndTheInventoryButNotTheJo
   inventory.addAgent("HOST1", 1);
   targets.chkHPMode.Value.settle(1);
   run();
-  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCReadNWrite"), ElementsAre(kIni + "5 -> 1"));
-  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCCreate"), ElementsAre(configures("HOST1")));
-  EXPECT_THAT(jobs("qrvCInstall"), ElementsAre(installs("HOST1", 7)));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCReadNWrite"), LinesAre({kIni + "5 -> 1"}));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCCreate"), LinesAre({configures("HOST1")}));
+  EXPECT_THAT(jobs("qrvCInstall"), LinesAre({installs("HOST1", 7)}));
   EXPECT_THAT(
       fakes::linesOf(fake.journal, "SQL: "),
-      ElementsAre(
-          findsSystem("HOST1"),
-          "SQL: SELECT * FROM Module_Table WHERE (System_Name ='HOST1' AND Module_ID = 1 AND "
-          "Agentless = 0)",
-          "SQL: UPDATE Module_Table SET Install_Directory =  'C:\\A', Manual = 0, Module_ID = 5 WHERE "
-          "System_Name = 'HOST1' AND (Module_ID = 5 OR Module_ID = 1) AND Agentless = 0"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|5|C:\A|0|0)"));
+      LinesAre({findsSystem("HOST1"),
+                "SQL: SELECT * FROM Module_Table WHERE (System_Name ='HOST1' AND Module_ID = 1 AND "
+                "Agentless = 0)",
+                "SQL: UPDATE Module_Table SET Install_Directory =  'C:\\A', Manual = 0, Module_ID = 5 WHERE "
+                "System_Name = 'HOST1' AND (Module_ID = 5 OR Module_ID = 1) AND Agentless = 0"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|5|C:\A|0|0)"}));
 }
 
 TEST_F(InstallEngine, ASecondHighPerformanceInstallAddsASecondRow) {
@@ -264,8 +295,8 @@ TEST_F(InstallEngine, ASecondHighPerformanceInstallAddsASecondRow) {
   targets.chkHPMode.Value.settle(1);
   run();
   EXPECT_THAT(changes(),
-              ElementsAre("SQL: INSERT INTO Module_Table (System_Name, Module_ID, "
-                          "Install_Directory, Manual,Agentless) VALUES ('HOST1', 5, 'C:\\A', 0,0)"));
+              LinesAre({"SQL: INSERT INTO Module_Table (System_Name, Module_ID, "
+                        "Install_Directory, Manual,Agentless) VALUES ('HOST1', 5, 'C:\\A', 0,0)"}));
 }
 
 TEST_F(InstallEngine, GivesTheJobTheAccountTheConfigurationAndTheScripts) {
@@ -278,10 +309,10 @@ TEST_F(InstallEngine, GivesTheJobTheAccountTheConfigurationAndTheScripts) {
   targets.chkCopyRemedialActionScripts.Value.settle(1);
   run();
   EXPECT_THAT(jobs("qrvCInstall"),
-              ElementsAre("qrvCInstall [SystemName=HOST1, InstallDirectory=C:\\A, ServiceUser=CORP\\svc, "
-                          "ServicePassword=pw, ConfigFile=C:\\own.ini, OSFlag=6, AgentKind=2, AgentMode=1, "
-                          "RemedialFlag=1] " +
-                          kRemins + " -> 7"));
+              LinesAre({"qrvCInstall [SystemName=HOST1, InstallDirectory=C:\\A, ServiceUser=CORP\\svc, "
+                        "ServicePassword=pw, ConfigFile=C:\\own.ini, OSFlag=6, AgentKind=2, AgentMode=1, "
+                        "RemedialFlag=1] " +
+                        kRemins + " -> 7"}));
 }
 
 TEST_F(InstallEngine, ANamedAccountWithoutAPasswordGetsOneBlank) {
@@ -299,7 +330,7 @@ TEST_F(InstallEngine, LeavesAccountAndConfigurationOutUnlessTheyAreChosen) {
   targets.txtTemplate.Text = R"(C:\own.ini)";
   targets.txtUserName.Text = R"(CORP\svc)";
   run();
-  EXPECT_THAT(jobs("qrvCInstall"), ElementsAre(installs("HOST1", 7)));
+  EXPECT_THAT(jobs("qrvCInstall"), LinesAre({installs("HOST1", 7)}));
 }
 
 TEST_F(InstallEngine, RecordsTheFolderThatTheLibraryWroteBackUpToItsFirstNul) {
@@ -309,8 +340,8 @@ TEST_F(InstallEngine, RecordsTheFolderThatTheLibraryWroteBackUpToItsFirstNul) {
   };
   addComputer("HOST2");
   run();
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|D:\B|0|0)", R"(HOST2|1|D:\B|0|0)"));
-  EXPECT_THAT(jobs("qrvCInstall"), ElementsAre(installs("HOST1", 7), installs("HOST2", 8)));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|D:\B|0|0)", R"(HOST2|1|D:\B|0|0)"}));
+  EXPECT_THAT(jobs("qrvCInstall"), LinesAre({installs("HOST1", 7), installs("HOST2", 8)}));
 }
 
 TEST_F(InstallEngine, ExactlyFiveIsNoVista) {
@@ -331,7 +362,7 @@ TEST_F(InstallEngine, KeepsTheVersionOfTheComputerBeforeWhereOneDoesNotAnswer) {
 
 TEST_F(InstallEngine, DoesNothingForNoComputers) {
   run();
-  EXPECT_THAT(fake.journal, ElementsAre("Pointer 13", kResetLog, "Pointer 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13", kResetLog, "Pointer 0"}));
 }
 
 TEST_F(InstallEngine, AnApostropheGoesIntoTheStatementsAsItIs) {

@@ -6,16 +6,16 @@
 #include <string>
 
 #include "base/runtime_error.h"
+#include "tests/deployment/agent_key.h"
 #include "tests/deployment/fake_run_screen.h"
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-constexpr const char* kAgentKey = R"(SOFTWARE\Kelmont Works\Varnhold\Agent)";
 
 class StartJob : public ::testing::Test {
  protected:
@@ -42,15 +42,14 @@ using StartDeploymentJobOtherwise = StartJob;
 TEST_F(StartDeploymentJobInstall, TakesTheMaterialOfTheVarnholdProduct) {
   choices.Operation = kOperationInstall;
   EXPECT_EQ(start(), 7u);
-  EXPECT_THAT(fake.journal,
-              ElementsAre(R"(qrvCInstall [SystemName=HOST1] C:\V\RemoteInstaller\remins -> 7)"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(qrvCInstall [SystemName=HOST1] C:\V\RemoteInstaller\remins -> 7)"}));
 }
 
 TEST_F(StartDeploymentJobInstall, TakesTheMaterialOfTheTessmarkProduct) {
   choices.Operation = kOperationInstall;
   choices.optClient0 = false;
   EXPECT_EQ(start(), 7u);
-  EXPECT_THAT(fake.journal, ElementsAre(R"(qrvCInstall [SystemName=HOST1] C:\TK\remins -> 7)"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(qrvCInstall [SystemName=HOST1] C:\TK\remins -> 7)"}));
 }
 
 TEST_F(StartDeploymentJobInstall, CopiesRemedialScriptsOnlyForACheckedBox) {
@@ -79,7 +78,7 @@ TEST_F(StartDeploymentJobUninstall, LeavesTheFlagsOfTheJobAlone) {
   job.SystemName = R"(\\HOST1)";
   EXPECT_EQ(start(), 7u);
   EXPECT_THAT(fake.journal,
-              ElementsAre(R"(qrvCUninstall [SystemName=\\HOST1] C:\V\RemoteInstaller\remins -> 7)"));
+              LinesAre({R"(qrvCUninstall [SystemName=\\HOST1] C:\V\RemoteInstaller\remins -> 7)"}));
 }
 
 TEST_F(StartDeploymentJobUpgrade, GoesOverTheDomainFirst) {
@@ -89,8 +88,8 @@ TEST_F(StartDeploymentJobUpgrade, GoesOverTheDomainFirst) {
   EXPECT_EQ(start(), 7u);
   EXPECT_THAT(
       fake.journal,
-      ElementsAre(
-          R"(qrvCUpgradeAgent [SystemName=HOST1, ConfigFile=C:\my.ini] C:\V\RemoteInstaller\remins -> 7)"));
+      LinesAre(
+          {R"(qrvCUpgradeAgent [SystemName=HOST1, ConfigFile=C:\my.ini] C:\V\RemoteInstaller\remins -> 7)"}));
 }
 
 TEST_F(StartDeploymentJobUpgrade, TellsTheDefaultConfigurationByTheEmptyFileName) {
@@ -123,9 +122,9 @@ TEST_F(StartDeploymentJobUpgrade, OverIPTakesTheLibraryOfTheLocalAgent) {
   EXPECT_EQ(start(), 7u);
   EXPECT_THAT(
       fake.journal,
-      ElementsAre(R"(RegQueryValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\InstallPath -> Done)",
-                  R"(qrvCUpgradeAgentOverIP [SystemName=HOST1, OSFlag=6, AgentMode=5, UseDefaultConfig=1] )"
-                  R"(D:\Agent\vhagent -> 7)"));
+      LinesAre({R"(RegQueryValueEx SOFTWARE\Kelmont Works\Varnhold\Agent\InstallPath -> Done)",
+                R"(qrvCUpgradeAgentOverIP [SystemName=HOST1, OSFlag=6, AgentMode=5, UseDefaultConfig=1] )"
+                R"(D:\Agent\vhagent -> 7)"}));
 }
 
 TEST_F(StartDeploymentJobUpgrade, OverIPWithoutALocalAgentStaysBelowRemins) {
@@ -182,21 +181,20 @@ using WaitForThread = Waiting;
 
 TEST_F(WaitForJobTest, ClosesAThreadThatHasEndedWithoutSleeping) {
   EXPECT_EQ(wait(fake.threads.start(1150)), 150);
-  EXPECT_THAT(fake.journal, ElementsAre("GetExitCodeThread 7 -> 1150", "CloseHandle 7"));
+  EXPECT_THAT(fake.journal, LinesAre({"GetExitCodeThread 7 -> 1150", "CloseHandle 7"}));
 }
 
 TEST_F(WaitForJobTest, MovesTheBarPumpsAndSleepsBetweenPolls) {
   EXPECT_EQ(wait(fake.threads.start(1232, 2)), 232);
-  EXPECT_THAT(fake.journal,
-              ElementsAre("GetExitCodeThread 7 -> 259", "progress 1", "pump events", "Sleep 200",
-                          "GetExitCodeThread 7 -> 259", "progress 2", "pump events", "Sleep 200",
-                          "GetExitCodeThread 7 -> 1232", "CloseHandle 7"));
+  EXPECT_THAT(fake.journal, LinesAre({"GetExitCodeThread 7 -> 259", "progress 1", "pump events", "Sleep 200",
+                                      "GetExitCodeThread 7 -> 259", "progress 2", "pump events", "Sleep 200",
+                                      "GetExitCodeThread 7 -> 1232", "CloseHandle 7"}));
 }
 
 TEST_F(WaitForJobTest, LeavesTheBarAtItsTarget) {
   screen.value = 9;
   EXPECT_EQ(wait(fake.threads.start(1152, 3), 0, 10), 152);
-  EXPECT_THAT(fakes::linesOf(fake.journal, "progress"), ElementsAre("progress 10"));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "progress"), LinesAre({"progress 10"}));
   EXPECT_EQ(fakes::linesOf(fake.journal, "pump events").size(), 3u);
 }
 
@@ -224,8 +222,8 @@ TEST_F(WaitForJobTest, HasNoTimeOut) {
 
 TEST_F(WaitForThread, WorksWithoutAScreen) {
   EXPECT_EQ(waitForThread(fake.threads, fake.clock, fake.threads.start(1150, 1)), 150);
-  EXPECT_THAT(fake.journal, ElementsAre("GetExitCodeThread 7 -> 259", "Sleep 200",
-                                        "GetExitCodeThread 7 -> 1150", "CloseHandle 7"));
+  EXPECT_THAT(fake.journal, LinesAre({"GetExitCodeThread 7 -> 259", "Sleep 200",
+                                      "GetExitCodeThread 7 -> 1150", "CloseHandle 7"}));
 }
 
 TEST_F(WaitForThread, GivesMinus1000ForAThreadThatEndsWithZero) {
@@ -237,7 +235,7 @@ TEST_F(WaitForThread, LeavesTheHandleOpenWhenTheFirstPollFails) {
   const auto thread = fake.threads.start(1150);
   fake.threads.failsGetExitCode = true;
   EXPECT_EQ(waitForThread(fake.threads, fake.clock, thread), -1000);
-  EXPECT_THAT(fake.journal, ElementsAre("GetExitCodeThread 7 -> fails"));
+  EXPECT_THAT(fake.journal, LinesAre({"GetExitCodeThread 7 -> fails"}));
   EXPECT_THAT(fake.threads.openHandles(), ElementsAre(thread));
 }
 

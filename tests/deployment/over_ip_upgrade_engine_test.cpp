@@ -1,6 +1,7 @@
 // The upgrade through the running agents.
 #include "core/registry_values.h"
 #include "tests/deployment/engine_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -12,15 +13,11 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-const std::string kDone = "Upgraded successfully";
-const std::string kStandard = "Managed - Standard Mode";
 const std::string kNoInstallPath =
     "RegQueryValueEx " + std::string(core::kAgentKey) + R"(\InstallPath -> KeyMissing)";
 const std::string kInstallPath =
     "RegQueryValueEx " + std::string(core::kAgentKey) + R"(\InstallPath -> Done)";
 const std::string kVhagent = R"(C:\VARNHOLD\RemoteInstaller\remins\vhagent)";
-const std::string kNotStarted =
-    "Unknown error. This may be due to insufficient permission or network problems.";
 
 class OverIPUpgradeEngine : public EngineTest {
  protected:
@@ -71,7 +68,7 @@ TEST_F(OverIPUpgradeEngine, UpgradesAComputerStepByStepAndChecksItsVersion) {
                             ends(7, 4000),
                             {kNoInstallPath, "Sleep 5000", checks("HOST1", 8)},
                             ends(8, 4000),
-                            {status("HOST1", kDone), "Progress 99", "Pointer 0"}})));
+                            {status("HOST1", kUpgraded), "Progress 99", "Pointer 0"}})));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
@@ -80,10 +77,10 @@ TEST_F(OverIPUpgradeEngine, HandlesEventsBetweenItsSteps) {
   watchPumps();
   run();
   EXPECT_THAT(fakes::linesWithout(fake.journal, {"SQL", "GetExit", "Close", "Reg"}),
-              ElementsAre("Pointer 13", kResetLog, "pump", configures(1), "pump", "Select HOST1", "pump",
-                          "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1", "pump",
-                          upgrades("HOST1", ", AgentMode=1, UseDefaultConfig=1", 7), "Sleep 5000",
-                          checks("HOST1", 8), status("HOST1", kDone), "Progress 99", "pump", "Pointer 0"));
+              LinesAre({"Pointer 13", kResetLog, "pump", configures(1), "pump", "Select HOST1", "pump",
+                        "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1", "pump",
+                        upgrades("HOST1", ", AgentMode=1, UseDefaultConfig=1", 7), "Sleep 5000",
+                        checks("HOST1", 8), status("HOST1", kUpgraded), "Progress 99", "pump", "Pointer 0"}));
 }
 
 TEST_F(OverIPUpgradeEngine, TakesTheLibraryOfTheAgentOnThisComputer) {
@@ -91,7 +88,7 @@ TEST_F(OverIPUpgradeEngine, TakesTheLibraryOfTheAgentOnThisComputer) {
   addAgent("HOST1");
   run();
   EXPECT_THAT(jobs("qrvCUpgradeAgentOverIP"), ElementsAre(HasSubstr(R"(] D:\Agent\vhagent -> 7)")));
-  EXPECT_THAT(jobs("qrvCVHCheckVersion"), ElementsAre(R"(qrvCVHCheckVersion D:\Agent\vhagent HOST1 -> 8)"));
+  EXPECT_THAT(jobs("qrvCVHCheckVersion"), LinesAre({R"(qrvCVHCheckVersion D:\Agent\vhagent HOST1 -> 8)"}));
   EXPECT_THAT(fake.journal, Contains(kInstallPath).Times(2));
 }
 
@@ -99,10 +96,10 @@ TEST_F(OverIPUpgradeEngine, HighPerformanceReachesTheJobAndNotTheIniFile) {
   addAgent("HOST1");
   targets.chkHPMode.Value.settle(1);
   run();
-  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCCreate"), ElementsAre(configures(5)));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCCreate"), LinesAre({configures(5)}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCReadNWrite"), IsEmpty());
   EXPECT_THAT(jobs("qrvCUpgradeAgentOverIP"),
-              ElementsAre(upgrades("HOST1", ", AgentMode=5, UseDefaultConfig=1", 7)));
+              LinesAre({upgrades("HOST1", ", AgentMode=5, UseDefaultConfig=1", 7)}));
 }
 
 TEST_F(OverIPUpgradeEngine, GivesTheJobTheConfigurationTheScriptsAndTheVersion) {
@@ -113,7 +110,7 @@ TEST_F(OverIPUpgradeEngine, GivesTheJobTheConfigurationTheScriptsAndTheVersion) 
   run();
   EXPECT_THAT(
       jobs("qrvCUpgradeAgentOverIP"),
-      ElementsAre(upgrades("HOST1", R"(, ConfigFile=C:\own.ini, OSFlag=6, AgentMode=1, RemedialFlag=1)", 7)));
+      LinesAre({upgrades("HOST1", R"(, ConfigFile=C:\own.ini, OSFlag=6, AgentMode=1, RemedialFlag=1)", 7)}));
 }
 
 TEST_F(OverIPUpgradeEngine, WithoutTheSetupFileTouchesNoComputer) {
@@ -121,15 +118,15 @@ TEST_F(OverIPUpgradeEngine, WithoutTheSetupFileTouchesNoComputer) {
   fake.libraries.computers["MANAGER"].configurationResult = 0;
   run();
   EXPECT_THAT(fake.journal,
-              ElementsAre("Pointer 13", kResetLog, configures(1, 0),
-                          "MessageBox information: Failed to create 'vhsetup.ins' file.", "Pointer 0"));
-  EXPECT_THAT(statuses(), ElementsAre(kStandard));
+              LinesAre({"Pointer 13", kResetLog, configures(1, 0),
+                        "MessageBox information: Failed to create 'vhsetup.ins' file.", "Pointer 0"}));
+  EXPECT_THAT(statuses(), LinesAre({kStandard}));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
 TEST_F(OverIPUpgradeEngine, WritesTheSetupFileForNoComputersToo) {
   run();
-  EXPECT_THAT(fake.journal, ElementsAre("Pointer 13", kResetLog, configures(1), "Pointer 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13", kResetLog, configures(1), "Pointer 0"}));
 }
 
 TEST_F(OverIPUpgradeEngine, ShowsTheRun) {
@@ -145,28 +142,28 @@ TEST_F(OverIPUpgradeEngine, LogsAFailedJobAndDoesNotCheck) {
   const std::string words = "Upgrade failed. Agent upgradation failed. This may be due to network problems.";
   EXPECT_THAT(rounds(), IsEmpty());
   EXPECT_THAT(deeds().back(), status("HOST1", words));
-  EXPECT_THAT(log(), ElementsAre("HOST1 - " + words));
+  EXPECT_THAT(log(), LinesAre({"HOST1 - " + words}));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
 
 TEST_F(OverIPUpgradeEngine, AnUpgradeOverTheDomainsSuccessIsAFaultHere) {
   addAgent("HOST1").upgradeExit = 1700;
   run();
-  EXPECT_THAT(statuses(), ElementsAre("Upgrade failed. Unknown error."));
+  EXPECT_THAT(statuses(), LinesAre({"Upgrade failed. Unknown error."}));
 }
 
 TEST_F(OverIPUpgradeEngine, EndsIn710WhereNoThreadWasStarted) {
   addAgent("HOST1").startsThreads = false;
   run();
-  EXPECT_THAT(statuses(), ElementsAre("Upgrade failed. " + kNotStarted));
+  EXPECT_THAT(statuses(), LinesAre({"Upgrade failed. " + kNotStarted}));
 }
 
 TEST_F(OverIPUpgradeEngine, ChecksUntilTheAgentIsBack) {
   addAgent("HOST1").versionExits = {4001, fakes::FakeComputer::kNoThread, 4000};
   run();
-  EXPECT_THAT(rounds(), ElementsAre("Sleep 5000", checks("HOST1", 8), "Sleep 5000", checks("HOST1", 0),
-                                    "Sleep 5000", checks("HOST1", 9)));
-  EXPECT_THAT(statuses(), ElementsAre(kDone));
+  EXPECT_THAT(rounds(), LinesAre({"Sleep 5000", checks("HOST1", 8), "Sleep 5000", checks("HOST1", 0),
+                                  "Sleep 5000", checks("HOST1", 9)}));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded}));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
@@ -174,15 +171,15 @@ TEST_F(OverIPUpgradeEngine, TakesTheSixthRoundForTheLast) {
   addAgent("HOST1").versionExits = {4001, 4001, 4001, 4001, 4001, 4000};
   run();
   EXPECT_THAT(rounds(), SizeIs(12));
-  EXPECT_THAT(statuses(), ElementsAre(kDone));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded}));
 }
 
 TEST_F(OverIPUpgradeEngine, GivesUpAfterSixRoundsInTheWordsOfTheLast) {
   addAgent("HOST1").versionExits = {4001, 4001, 4001, 4001, 4001, 4002, 4000};
   run();
   EXPECT_THAT(rounds(), SizeIs(12));
-  EXPECT_THAT(statuses(), ElementsAre("Failed to check version. Insufficient buffer."));
-  EXPECT_THAT(log(), ElementsAre("HOST1 - Failed to check version. Insufficient buffer."));
+  EXPECT_THAT(statuses(), LinesAre({"Failed to check version. Insufficient buffer."}));
+  EXPECT_THAT(log(), LinesAre({"HOST1 - Failed to check version. Insufficient buffer."}));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
 
@@ -190,7 +187,7 @@ TEST_F(OverIPUpgradeEngine, AChecksMissingThreadIs710) {
   addAgent("HOST1").versionExits = {fakes::FakeComputer::kNoThread};
   run();
   EXPECT_THAT(rounds(), SizeIs(12));
-  EXPECT_THAT(statuses(), ElementsAre("Failed to check version. " + kNotStarted));
+  EXPECT_THAT(statuses(), LinesAre({"Failed to check version. " + kNotStarted}));
 }
 
 TEST_F(OverIPUpgradeEngine, EachComputerHasItsOwnSixRounds) {
@@ -198,7 +195,7 @@ TEST_F(OverIPUpgradeEngine, EachComputerHasItsOwnSixRounds) {
   addAgent("HOST2").versionExits = {4001, 4001, 4000};
   run();
   EXPECT_THAT(rounds(), SizeIs(18));
-  EXPECT_THAT(statuses(), ElementsAre("Failed to check version. General error.", kDone));
+  EXPECT_THAT(statuses(), LinesAre({"Failed to check version. General error.", kUpgraded}));
 }
 
 TEST_F(OverIPUpgradeEngine, OnlyTheAgentsOfItsProductPassTheGate) {
@@ -207,15 +204,16 @@ TEST_F(OverIPUpgradeEngine, OnlyTheAgentsOfItsProductPassTheGate) {
   addAgent("HOST2", kStandard);
   addAgent("HOST3", "Tracking Changes & Events");
   run();
-  EXPECT_THAT(statuses(), ElementsAre("Skipped: Agent not installed", "Skipped: Agent not installed", kDone));
-  EXPECT_THAT(log(), ElementsAre("Skipped: HOST1 - Cannot upgrade because Agent is not installed",
-                                 "Skipped: HOST2 - Cannot upgrade because Agent is not installed"));
+  EXPECT_THAT(statuses(),
+              LinesAre({"Skipped: Agent not installed", "Skipped: Agent not installed", kUpgraded}));
+  EXPECT_THAT(log(), LinesAre({"Skipped: HOST1 - Cannot upgrade because Agent is not installed",
+                               "Skipped: HOST2 - Cannot upgrade because Agent is not installed"}));
 }
 
 TEST_F(OverIPUpgradeEngine, AnInaccessibleRowIsNoneHere) {
   addAgent("HOST1", "Not Accessible, will be skipped. Managed - Standard Mode");
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kDone));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded}));
 }
 
 TEST_F(OverIPUpgradeEngine, ForAgentlessLooksAtTheLogButAsksForNoLogin) {
@@ -226,10 +224,10 @@ TEST_F(OverIPUpgradeEngine, ForAgentlessLooksAtTheLogButAsksForNoLogin) {
   fake.eventLog.messages[5] = "Access is denied.\r\n";
   targets.frePath.Visible = targets.cmdInstall.Enabled = targets.cmdAdvanced.Enabled = true;
   run();
-  EXPECT_THAT(statuses(), ElementsAre("Skipped: Access is denied.", kDone));
-  EXPECT_THAT(log(), ElementsAre("Skipped: HOST1 - Access is denied."));
-  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCCreate"), ElementsAre(configures(0)));
-  EXPECT_THAT(jobs("qrvCUpgradeAgentOverIP"), ElementsAre(upgrades("HOST2", ", UseDefaultConfig=1", 7)));
+  EXPECT_THAT(statuses(), LinesAre({"Skipped: Access is denied.", kUpgraded}));
+  EXPECT_THAT(log(), LinesAre({"Skipped: HOST1 - Access is denied."}));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCCreate"), LinesAre({configures(0)}));
+  EXPECT_THAT(jobs("qrvCUpgradeAgentOverIP"), LinesAre({upgrades("HOST2", ", UseDefaultConfig=1", 7)}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "createNew"), IsEmpty());
   EXPECT_FALSE(targets.frePath.Visible || targets.cmdInstall.Enabled || targets.cmdAdvanced.Enabled);
 }

@@ -7,6 +7,7 @@
 
 #include "base/runtime_error.h"
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/fakes/test_inventory.h"
 
 namespace varnhold::deployment {
@@ -49,14 +50,14 @@ TEST_F(EnsureSystemRegisteredTest, HasTheLibraryFindAndStoreAnUnknownSystemAndLo
       fake.journal,
       ElementsAre(HasSubstr("System_Name = 'HOST1'"), "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1",
                   "qrvUpdateSystemDetailsInDB HOST1 -> 1", HasSubstr("System_Name = 'HOST1'")));
-  EXPECT_THAT(inventory.computers(), ElementsAre("HOST1|7"));
+  EXPECT_THAT(inventory.computers(), LinesAre({"HOST1|7"}));
 }
 
 TEST_F(EnsureSystemRegisteredTest, GivesUpASystemThatDoesNotAnswer) {
   fake.libraries.computers["HOST1"].answers = false;
   EXPECT_EQ(EnsureSystemRegistered(program, "HOST1"), -1);
   EXPECT_THAT(fakes::linesOf(fake.journal, "qrv"),
-              ElementsAre("qrvFindSystemAndReturnDetails HOST1 level 1 -> 0"));
+              LinesAre({"qrvFindSystemAndReturnDetails HOST1 level 1 -> 0"}));
 }
 
 TEST_F(EnsureSystemRegisteredTest, GivesUpASystemThatCannotBeStored) {
@@ -74,7 +75,7 @@ TEST_F(EnsureSystemRegisteredTest, GivesUpASystemThatWasStoredButIsNotThere) {
 TEST_F(EnsureSystemRegisteredTest, ComparesNamesAsExactStrings) {
   addComputer("host1");
   EXPECT_EQ(EnsureSystemRegistered(program, "HOST1"), 1);
-  EXPECT_THAT(inventory.computers(), ElementsAre("HOST1|7", "host1|7"));
+  EXPECT_THAT(inventory.computers(), LinesAre({"HOST1|7", "host1|7"}));
 }
 
 TEST_F(EnsureSystemRegisteredTest, SplicesAnApostropheAsItStands) {

@@ -8,6 +8,7 @@
 
 #include "base/runtime_error.h"
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -75,7 +76,7 @@ TEST_F(RunLog, ResetDeletesTheLogOfTheProgramsFolderOnly) {
 
 TEST_F(RunLog, ResetTakesAMissingFileAsNoFault) {
   ResetDeploymentLog(program);
-  EXPECT_THAT(fake.journal, ElementsAre(R"(remove C:\App\AILog.txt -> NotFound)"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(remove C:\App\AILog.txt -> NotFound)"}));
 }
 
 TEST_F(RunLog, ResetRaisesWhatKeepsAFileFromBeingDeleted) {
@@ -117,8 +118,7 @@ TEST_F(RunLog, RaisesANumberAndWordsForEachWayAWriteFails) {
 
 TEST_F(RunLog, WritesPlainLinesInOneOpening) {
   appendLogLines(fake.files, R"(C:\App)", {"one", "", "two"});
-  EXPECT_THAT(fake.journal,
-              ElementsAre(R"(append C:\App\AILog.txt: one<CR><LF><CR><LF>two<CR><LF> -> Done)"));
+  EXPECT_THAT(fake.journal, LinesAre({R"(append C:\App\AILog.txt: one<CR><LF><CR><LF>two<CR><LF> -> Done)"}));
 }
 
 TEST_F(RunLog, PlainLinesRaiseAsRecordsDo) {

@@ -2,6 +2,7 @@
 #include "deployment/service_account.h"
 
 #include "tests/deployment/wizard_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -53,10 +54,10 @@ using ShownAccount = ServiceAccount;
 TEST_F(ShownAccount, LeavesTheBoxesOpenForLocalSystem) {
   targets.txtAccount.Locked = true;
   EXPECT_TRUE(ShowAgentlessAccount(program, targets));
-  EXPECT_THAT(story(), ElementsAre(kManagerOpened, "log: Opening Varnhold Receiver Service On: MANAGER",
-                                   kAgentOpened, "QueryServiceConfig 2 room 0 -> 0", "HeapAlloc 300 -> 1",
-                                   "QueryServiceConfig 2 room 300 -> 1", "HeapFree 1", "CloseServiceHandle 2",
-                                   "CloseServiceHandle 1"));
+  EXPECT_THAT(story(), LinesAre({kManagerOpened, "log: Opening Varnhold Receiver Service On: MANAGER",
+                                 kAgentOpened, "QueryServiceConfig 2 room 0 -> 0", "HeapAlloc 300 -> 1",
+                                 "QueryServiceConfig 2 room 300 -> 1", "HeapFree 1", "CloseServiceHandle 2",
+                                 "CloseServiceHandle 1"}));
   EXPECT_TRUE(boxesAre(false, ui::SystemColor::Window));
   EXPECT_EQ(targets.txtAccount.Text, "");
 }
@@ -96,36 +97,36 @@ TEST_F(ShownAccount, IsCutAt255Characters) {
 TEST_F(ShownAccount, CannotBeReadWithoutTheServiceManager) {
   fake.services.unreachable.insert(R"(\\MANAGER)");
   EXPECT_FALSE(ShowAgentlessAccount(program, targets));
-  EXPECT_THAT(story(), ElementsAre(R"(OpenSCManager \\MANAGER -> 0)",
-                                   "log: Could not open Sevice Control Manager because access was denied"));
+  EXPECT_THAT(story(), LinesAre({R"(OpenSCManager \\MANAGER -> 0)",
+                                 "log: Could not open Sevice Control Manager because access was denied"}));
 }
 
 TEST_F(ShownAccount, CannotBeReadWithoutTheService) {
   fake.services.services.erase("Varnhold Agent");
   EXPECT_FALSE(ShowAgentlessAccount(program, targets));
   EXPECT_THAT(story(),
-              ElementsAre(kManagerOpened, "log: Opening Varnhold Receiver Service On: MANAGER",
-                          "OpenService 1 Varnhold Agent 0xF01FF -> 0",
-                          "log: Could not open Varnhold Receiver on MANAGER", "CloseServiceHandle 1"));
+              LinesAre({kManagerOpened, "log: Opening Varnhold Receiver Service On: MANAGER",
+                        "OpenService 1 Varnhold Agent 0xF01FF -> 0",
+                        "log: Could not open Varnhold Receiver on MANAGER", "CloseServiceHandle 1"}));
 }
 
 TEST_F(ShownAccount, CannotBeReadWithoutMemory) {
   fake.heap.refused = {1};
   EXPECT_FALSE(ShowAgentlessAccount(program, targets));
   EXPECT_THAT(story(),
-              ElementsAre(kManagerOpened, "log: Opening Varnhold Receiver Service On: MANAGER", kAgentOpened,
-                          "QueryServiceConfig 2 room 0 -> 0", "HeapAlloc 300 -> 0",
-                          "log: Could not get heap memory.", "CloseServiceHandle 2", "CloseServiceHandle 1"));
+              LinesAre({kManagerOpened, "log: Opening Varnhold Receiver Service On: MANAGER", kAgentOpened,
+                        "QueryServiceConfig 2 room 0 -> 0", "HeapAlloc 300 -> 0",
+                        "log: Could not get heap memory.", "CloseServiceHandle 2", "CloseServiceHandle 1"}));
 }
 
 TEST_F(ShownAccount, CannotBeReadWhereTheServiceIsNotTold) {
   fake.services.tellsConfig = false;
   EXPECT_FALSE(ShowAgentlessAccount(program, targets));
   EXPECT_THAT(story(),
-              ElementsAre(kManagerOpened, "log: Opening Varnhold Receiver Service On: MANAGER", kAgentOpened,
-                          "QueryServiceConfig 2 room 0 -> 0", "HeapAlloc 300 -> 1",
-                          "QueryServiceConfig 2 room 300 -> 0", "log: Could not query Sevice information",
-                          "HeapFree 1", "CloseServiceHandle 2", "CloseServiceHandle 1"));
+              LinesAre({kManagerOpened, "log: Opening Varnhold Receiver Service On: MANAGER", kAgentOpened,
+                        "QueryServiceConfig 2 room 0 -> 0", "HeapAlloc 300 -> 1",
+                        "QueryServiceConfig 2 room 300 -> 0", "log: Could not query Sevice information",
+                        "HeapFree 1", "CloseServiceHandle 2", "CloseServiceHandle 1"}));
 }
 
 class ChangedAccount : public ServiceAccount {
@@ -144,13 +145,13 @@ TEST_F(ChangedAccount, IsGivenItsRightAndThenToTheAgentService) {
   ChangeServiceAccount(program, targets);
   EXPECT_THAT(
       story(),
-      ElementsAre(kManagerOpened, R"(LookupAccountName HOST1 CORP\svc room 1 and 0 -> 0)",
-                  R"(LookupAccountName HOST1 CORP\svc room 3 and 5 -> 1)", "fnLogRight HOST1 01 05 2a -> 0",
-                  R"(log: The user CORP\svc has been given 'LogonAsService' rights on system MANAGER)",
-                  "log: Opening Varnhold Agent Service On: MANAGER", kAgentOpened,
-                  R"(ChangeServiceConfig 2 16 -1 -1 CORP\svc -> 0)",
-                  "log: Sucessfully changed the service account On: MANAGER", "CloseServiceHandle 2",
-                  "CloseServiceHandle 1"));
+      LinesAre({kManagerOpened, R"(LookupAccountName HOST1 CORP\svc room 1 and 0 -> 0)",
+                R"(LookupAccountName HOST1 CORP\svc room 3 and 5 -> 1)", "fnLogRight HOST1 01 05 2a -> 0",
+                R"(log: The user CORP\svc has been given 'LogonAsService' rights on system MANAGER)",
+                "log: Opening Varnhold Agent Service On: MANAGER", kAgentOpened,
+                R"(ChangeServiceConfig 2 16 -1 -1 CORP\svc -> 0)",
+                "log: Sucessfully changed the service account On: MANAGER", "CloseServiceHandle 2",
+                "CloseServiceHandle 1"}));
   EXPECT_EQ(fake.services.password, "secret");
   EXPECT_FALSE(targets.ErrorsSeen);
 }
@@ -162,22 +163,22 @@ TEST_F(ChangedAccount, IsTheOtherPagesAndTheReceiversWithAgentBasedDeployment) {
   ChangeServiceAccount(program, targets);
   EXPECT_THAT(
       story(),
-      ElementsAre(kManagerOpened, R"(LookupAccountName HOST1 CORP\other room 1 and 0 -> 0)",
-                  R"(LookupAccountName HOST1 CORP\other room 1 and 5 -> 1)", "fnLogRight HOST1 07 -> 0",
-                  R"(log: The user CORP\other has been given 'LogonAsService' rights on system MANAGER)",
-                  "log: Opening Varnhold Receiver Service On: MANAGER",
-                  "OpenService 1 Varnhold Receiver 0xF01FF -> 2",
-                  R"(ChangeServiceConfig 2 16 -1 -1 CORP\other -> 0)",
-                  "log: Sucessfully changed the service account On: MANAGER", "CloseServiceHandle 2",
-                  "CloseServiceHandle 1"));
+      LinesAre({kManagerOpened, R"(LookupAccountName HOST1 CORP\other room 1 and 0 -> 0)",
+                R"(LookupAccountName HOST1 CORP\other room 1 and 5 -> 1)", "fnLogRight HOST1 07 -> 0",
+                R"(log: The user CORP\other has been given 'LogonAsService' rights on system MANAGER)",
+                "log: Opening Varnhold Receiver Service On: MANAGER",
+                "OpenService 1 Varnhold Receiver 0xF01FF -> 2",
+                R"(ChangeServiceConfig 2 16 -1 -1 CORP\other -> 0)",
+                "log: Sucessfully changed the service account On: MANAGER", "CloseServiceHandle 2",
+                "CloseServiceHandle 1"}));
   EXPECT_EQ(fake.services.password, "sesame");
 }
 
 TEST_F(ChangedAccount, StaysWithoutTheServiceManager) {
   fake.services.unreachable.insert(R"(\\MANAGER)");
   ChangeServiceAccount(program, targets);
-  EXPECT_THAT(story(), ElementsAre(R"(OpenSCManager \\MANAGER -> 0)",
-                                   "log: Could not open Sevice Control Manager because access was denied"));
+  EXPECT_THAT(story(), LinesAre({R"(OpenSCManager \\MANAGER -> 0)",
+                                 "log: Could not open Sevice Control Manager because access was denied"}));
 }
 
 TEST_F(ChangedAccount, GoesOnWithoutTheRight) {
@@ -196,12 +197,12 @@ TEST_F(ChangedAccount, StaysWithoutTheServiceWhichTheLogCallsTheReceiver) {
   fake.journal.clear();
   ChangeServiceAccount(program, targets);
   EXPECT_THAT(story(),
-              ElementsAre(kManagerOpened,
-                          "log: The user LocalSystem has been given 'LogonAsService' rights on "
-                          "system MANAGER",
-                          "log: Opening Varnhold Agent Service On: MANAGER",
-                          "OpenService 1 Varnhold Agent 0xF01FF -> 0",
-                          "log: Could not open Varnhold Receiver on MANAGER", "CloseServiceHandle 1"));
+              LinesAre({kManagerOpened,
+                        "log: The user LocalSystem has been given 'LogonAsService' rights on "
+                        "system MANAGER",
+                        "log: Opening Varnhold Agent Service On: MANAGER",
+                        "OpenService 1 Varnhold Agent 0xF01FF -> 0",
+                        "log: Could not open Varnhold Receiver on MANAGER", "CloseServiceHandle 1"}));
 }
 
 constexpr auto kQuestion =
@@ -214,9 +215,9 @@ TEST_F(ChangedAccount, LeavesBothHandlesOpenWhenAnInvalidOneIsNotGoneOnWith) {
   ChangeServiceAccount(program, targets);
   const auto lines = story();
   EXPECT_THAT(Lines(lines.end() - 4, lines.end()),
-              ElementsAre(R"(ChangeServiceConfig 2 16 -1 -1 CORP\svc -> 1057)",
-                          "log: Could not change the service account On: MANAGER",
-                          "log: The account information is invalid.", std::string(kQuestion) + " -> No"));
+              LinesAre({R"(ChangeServiceConfig 2 16 -1 -1 CORP\svc -> 1057)",
+                        "log: Could not change the service account On: MANAGER",
+                        "log: The account information is invalid.", std::string(kQuestion) + " -> No"}));
   EXPECT_THAT(fake.services.openHandles(), ElementsAre(1u, 2u));
 }
 
@@ -225,9 +226,8 @@ TEST_F(ChangedAccount, ChangesNoOtherSystemWhenAnInvalidOneIsGoneOnWith) {
   ui.nextAnswer(ui::Answer::Yes);
   ChangeServiceAccount(program, targets);
   const auto lines = story();
-  EXPECT_THAT(
-      Lines(lines.end() - 3, lines.end()),
-      ElementsAre(std::string(kQuestion) + " -> Yes", "CloseServiceHandle 2", "CloseServiceHandle 1"));
+  EXPECT_THAT(Lines(lines.end() - 3, lines.end()),
+              LinesAre({std::string(kQuestion) + " -> Yes", "CloseServiceHandle 2", "CloseServiceHandle 1"}));
   EXPECT_EQ(fakes::linesOf(fake.journal, "ChangeServiceConfig").size(), 1u);
 }
 
@@ -236,16 +236,16 @@ TEST_F(ChangedAccount, IsRefusedWithTheNumberOfAnyOtherError) {
   ChangeServiceAccount(program, targets);
   const auto lines = story();
   EXPECT_THAT(Lines(lines.end() - 5, lines.end()),
-              ElementsAre(R"(ChangeServiceConfig 2 16 -1 -1 CORP\svc -> 5)",
-                          "log: Could not change the service account On: MANAGER", "log: Error Code: 5",
-                          "CloseServiceHandle 2", "CloseServiceHandle 1"));
+              LinesAre({R"(ChangeServiceConfig 2 16 -1 -1 CORP\svc -> 5)",
+                        "log: Could not change the service account On: MANAGER", "log: Error Code: 5",
+                        "CloseServiceHandle 2", "CloseServiceHandle 1"}));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
 TEST_F(ChangedAccount, ShowsARunTimeErrorAndGivesItsHandlesBack) {
   fake.libraries.failures.insert({"fnLogRight", RuntimeError(53, "VhwLogonCtrl was not found")});
   ChangeServiceAccount(program, targets);
-  EXPECT_THAT(boxes(), ElementsAre("MessageBox critical: VhwLogonCtrl was not found"));
+  EXPECT_THAT(boxes(), LinesAre({"MessageBox critical: VhwLogonCtrl was not found"}));
   EXPECT_THAT(fake.services.openHandles(), IsEmpty());
 }
 
@@ -272,8 +272,8 @@ TEST_F(GrantedRight, IsNotNeededByLocalSystem) {
 
 TEST_F(GrantedRight, IsLookedForWhereLocalSystemIsSpeltOtherwise) {
   EXPECT_FALSE(GrantLogonAsService(program, "HOST1", "localsystem"));
-  EXPECT_THAT(fake.journal, ElementsAre("LookupAccountName HOST1 localsystem room 1 and 0 -> 0",
-                                        "LookupAccountName HOST1 localsystem room 0 and 0 -> 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"LookupAccountName HOST1 localsystem room 1 and 0 -> 0",
+                                      "LookupAccountName HOST1 localsystem room 0 and 0 -> 0"}));
 }
 
 TEST_F(GrantedRight, IsGivenOnlyWhenTheLibraryAnswersZero) {
@@ -285,8 +285,8 @@ TEST_F(GrantedRight, IsGivenOnlyWhenTheLibraryAnswersZero) {
 TEST_F(GrantedRight, IsGivenWhereOneByteHeldTheWholeSid) {
   fake.accounts.accounts["TINY"] = {{9}, ""};
   EXPECT_TRUE(GrantLogonAsService(program, "", "tiny"));
-  EXPECT_THAT(fake.journal, ElementsAre("LookupAccountName  tiny room 1 and 0 -> 0",
-                                        "LookupAccountName  tiny room 1 and 1 -> 1", "fnLogRight  09 -> 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"LookupAccountName  tiny room 1 and 0 -> 0",
+                                      "LookupAccountName  tiny room 1 and 1 -> 1", "fnLogRight  09 -> 0"}));
 }
 
 using ServiceAccountChange = ServiceAccount;

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -43,31 +44,31 @@ TEST_F(SspLogon, MakesFourStepsAndGivesEverythingBack) {
   EXPECT_TRUE(logon());
   EXPECT_THAT(
       fake.journal,
-      ElementsAre(
-          "GetVersionEx -> 6 platform 2", "secur32: QuerySecurityPackageInfo NTLM -> 0",
-          "secur32: FreeContextBuffer 1", "HeapAlloc 64 -> 1", "HeapAlloc 64 -> 2",
-          R"(secur32: AcquireCredentialsHandle NTLM use 2 CORP\admin flags 1 -> 0, credential 2)",
-          "secur32: InitializeSecurityContext 2 context 0 request 0 drep 16 input none room 64 -> 0x90312, "
-          "context 3",
-          "secur32: AcquireCredentialsHandle NTLM use 1 no identity -> 0, credential 4",
-          "secur32: AcceptSecurityContext 4 context 0 request 0 drep 16 input 9 room 64 -> 0x90312, context "
-          "5",
-          "secur32: InitializeSecurityContext 2 context 3 request 0 drep 16 input 9 room 64 -> 0, context 3",
-          "secur32: AcceptSecurityContext 4 context 5 request 0 drep 16 input 34 room 64 -> 0, context 5",
-          "secur32: DeleteSecurityContext 3", "secur32: FreeCredentialsHandle 2",
-          "secur32: DeleteSecurityContext 5", "secur32: FreeCredentialsHandle 4", "HeapFree 1",
-          "HeapFree 2"));
+      LinesAre(
+          {"GetVersionEx -> 6 platform 2", "secur32: QuerySecurityPackageInfo NTLM -> 0",
+           "secur32: FreeContextBuffer 1", "HeapAlloc 64 -> 1", "HeapAlloc 64 -> 2",
+           R"(secur32: AcquireCredentialsHandle NTLM use 2 CORP\admin flags 1 -> 0, credential 2)",
+           "secur32: InitializeSecurityContext 2 context 0 request 0 drep 16 input none room 64 -> 0x90312, "
+           "context 3",
+           "secur32: AcquireCredentialsHandle NTLM use 1 no identity -> 0, credential 4",
+           "secur32: AcceptSecurityContext 4 context 0 request 0 drep 16 input 9 room 64 -> 0x90312, context "
+           "5",
+           "secur32: InitializeSecurityContext 2 context 3 request 0 drep 16 input 9 room 64 -> 0, context 3",
+           "secur32: AcceptSecurityContext 4 context 5 request 0 drep 16 input 34 room 64 -> 0, context 5",
+           "secur32: DeleteSecurityContext 3", "secur32: FreeCredentialsHandle 2",
+           "secur32: DeleteSecurityContext 5", "secur32: FreeCredentialsHandle 4", "HeapFree 1",
+           "HeapFree 2"}));
   expectNothingOpen();
 }
 
 TEST_F(SspLogon, RefusesAWrongPasswordInItsLastStepWithEverythingGivenBack) {
   EXPECT_FALSE(logon("wrong"));
   EXPECT_THAT(from("secur32: AcceptSecurityContext 4 context 5"),
-              ElementsAre("secur32: AcceptSecurityContext 4 context 5 request 0 drep 16 input 34 room 64 -> "
-                          "-2146893044",
-                          "secur32: DeleteSecurityContext 3", "secur32: FreeCredentialsHandle 2",
-                          "secur32: DeleteSecurityContext 5", "secur32: FreeCredentialsHandle 4",
-                          "HeapFree 1", "HeapFree 2"));
+              LinesAre({"secur32: AcceptSecurityContext 4 context 5 request 0 drep 16 input 34 room 64 -> "
+                        "-2146893044",
+                        "secur32: DeleteSecurityContext 3", "secur32: FreeCredentialsHandle 2",
+                        "secur32: DeleteSecurityContext 5", "secur32: FreeCredentialsHandle 4", "HeapFree 1",
+                        "HeapFree 2"}));
   expectNothingOpen();
 }
 
@@ -162,14 +163,14 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(SspLogon, EndsWithoutMemoryForTheClientsToken) {
   fake.heap.refused = {1};
   EXPECT_FALSE(logon());
-  EXPECT_THAT(from("HeapAlloc"), ElementsAre("HeapAlloc 64 -> 0"));
+  EXPECT_THAT(from("HeapAlloc"), LinesAre({"HeapAlloc 64 -> 0"}));
   expectNothingOpen();
 }
 
 TEST_F(SspLogon, EndsWithoutMemoryForTheServersToken) {
   fake.heap.refused = {2};
   EXPECT_FALSE(logon());
-  EXPECT_THAT(from("HeapAlloc"), ElementsAre("HeapAlloc 64 -> 1", "HeapAlloc 64 -> 0", "HeapFree 1"));
+  EXPECT_THAT(from("HeapAlloc"), LinesAre({"HeapAlloc 64 -> 1", "HeapAlloc 64 -> 0", "HeapFree 1"}));
   expectNothingOpen();
 }
 
@@ -186,7 +187,7 @@ TEST_F(SspLogon, CompletesTheTokenWhereThePackageAsksForIt) {
   fake.secur32.statusOf["AcceptSecurityContext 2"] = platform::kSecCompleteNeeded;
   EXPECT_TRUE(logon());
   EXPECT_THAT(fakes::linesOf(fake.journal, "secur32: CompleteAuthToken"),
-              ElementsAre("secur32: CompleteAuthToken 3 -> 0", "secur32: CompleteAuthToken 5 -> 0"));
+              LinesAre({"secur32: CompleteAuthToken 3 -> 0", "secur32: CompleteAuthToken 5 -> 0"}));
 }
 
 TEST_F(SspLogon, EndsWhenATokenCannotBeCompletedAndDeletesItsContext) {
@@ -194,8 +195,8 @@ TEST_F(SspLogon, EndsWhenATokenCannotBeCompletedAndDeletesItsContext) {
   fake.secur32.statusOf["CompleteAuthToken 1"] = platform::kSecInvalidHandle;
   EXPECT_FALSE(logon());
   EXPECT_THAT(from("secur32: CompleteAuthToken"),
-              ElementsAre("secur32: CompleteAuthToken 3 -> -2146893055", "secur32: DeleteSecurityContext 3",
-                          "secur32: FreeCredentialsHandle 2", "HeapFree 1", "HeapFree 2"));
+              LinesAre({"secur32: CompleteAuthToken 3 -> -2146893055", "secur32: DeleteSecurityContext 3",
+                        "secur32: FreeCredentialsHandle 2", "HeapFree 1", "HeapFree 2"}));
   expectNothingOpen();
 }
 

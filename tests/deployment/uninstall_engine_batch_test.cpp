@@ -1,21 +1,14 @@
 // Many computers in one run of the uninstall engine, stops, errors of the engine itself, and two runs.
 #include "tests/deployment/engine_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
 using testing::Contains;
 using testing::Each;
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-const std::string kDone = "Agent uninstalled successfully";
-const std::string kAgentless = "Managed - Agentless Mode";
-const std::string kStandard = "Managed - Standard Mode";
-const std::string kRestart = "qrvRestartService MANAGER Varnhold Agent -> 1";
-const std::string kFailed180 =
-    "Failed to create service. This may be due to insufficient permission or network problems.";
 
 class UninstallBatch : public EngineTest {
  protected:
@@ -62,23 +55,22 @@ TEST_F(UninstallBatch, TwelveComputersEachWithItsOwnOutcome) {
   const std::string notStarted =
       "Unknown error. This may be due to insufficient permission or network problems.";
   EXPECT_THAT(statuses(),
-              ElementsAre(kDone, kDone, "Skipped: Manager (local system)", kStandard,
-                          "Skipped: Either Agent is not installed or it does not belong to this manager",
-                          kFailed180, noService + " - Removed from Manager config", noService, notStarted,
-                          "Not Accessible, will be skipped.", kDone, kDone));
+              LinesAre({kUninstalled, kUninstalled, "Skipped: Manager (local system)", kStandard,
+                        "Skipped: Either Agent is not installed or it does not belong to this manager",
+                        kFailed180, noService + " - Removed from Manager config", noService, notStarted,
+                        "Not Accessible, will be skipped.", kUninstalled, kUninstalled}));
   const auto failed = [](const std::string& name, const std::string& words) {
     return "Could not uninstall Varnhold Agent on " + name + " - " + words;
   };
-  EXPECT_THAT(log(),
-              ElementsAre("Skipped: HOST05 - Cannot uninstall because either Agent is not installed or "
-                          "it does not belong to this manager",
-                          failed("HOST06", kFailed180),
-                          failed("HOST07", noService + " - Removed from Manager config"),
-                          failed("HOST08", noService), failed("HOST09", notStarted)));
+  EXPECT_THAT(log(), LinesAre({"Skipped: HOST05 - Cannot uninstall because either Agent is not installed or "
+                               "it does not belong to this manager",
+                               failed("HOST06", kFailed180),
+                               failed("HOST07", noService + " - Removed from Manager config"),
+                               failed("HOST08", noService), failed("HOST09", notStarted)}));
   EXPECT_THAT(inventory.agents(),
-              ElementsAre(R"(HOST04|1|C:\OLD|0|0)", R"(HOST05|1|C:\OLD|0|0)", R"(HOST06|1|C:\OLD|0|0)",
-                          R"(HOST08|1|C:\OLD|0|1)", R"(HOST09|1|C:\OLD|0|0)", R"(HOST10|1|C:\OLD|0|0)",
-                          R"(MANAGER|1|C:\OLD|0|0)"));
+              LinesAre({R"(HOST04|1|C:\OLD|0|0)", R"(HOST05|1|C:\OLD|0|0)", R"(HOST06|1|C:\OLD|0|0)",
+                        R"(HOST08|1|C:\OLD|0|1)", R"(HOST09|1|C:\OLD|0|0)", R"(HOST10|1|C:\OLD|0|0)",
+                        R"(MANAGER|1|C:\OLD|0|0)"}));
   EXPECT_THAT(fake.journal, Contains(kRestart).Times(1));
   EXPECT_THAT(fakes::linesOf(fake.journal, "Select "), SizeIs(11));
   EXPECT_EQ(targets.pbProgress.Value, 88);
@@ -88,8 +80,8 @@ TEST_F(UninstallBatch, AStopDuringTheFirstJobLeavesTheOthersAlone) {
   addThree();
   stopDuring("HOST1");
   run();
-  EXPECT_THAT(uninstalled(), ElementsAre("HOST1"));
-  EXPECT_THAT(statuses(), ElementsAre(kDone, kAgentless, kAgentless));
+  EXPECT_THAT(uninstalled(), LinesAre({"HOST1"}));
+  EXPECT_THAT(statuses(), LinesAre({kUninstalled, kAgentless, kAgentless}));
 }
 
 TEST_F(UninstallBatch, AStopDuringAMiddleJobLetsItEndAndConnectsTheNext) {
@@ -97,8 +89,8 @@ TEST_F(UninstallBatch, AStopDuringAMiddleJobLetsItEndAndConnectsTheNext) {
   stopDuring("HOST2");
   logIn();
   run();
-  EXPECT_THAT(uninstalled(), ElementsAre("HOST1", "HOST2"));
-  EXPECT_THAT(statuses(), ElementsAre(kDone, kDone, kStandard));
+  EXPECT_THAT(uninstalled(), LinesAre({"HOST1", "HOST2"}));
+  EXPECT_THAT(statuses(), LinesAre({kUninstalled, kUninstalled, kStandard}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "createNew"), SizeIs(10)) << "the third stays connected";
 }
 
@@ -106,7 +98,7 @@ TEST_F(UninstallBatch, AStopDuringTheLastJobStillRestartsTheManagersAgent) {
   addThree();
   stopDuring("HOST3");
   run();
-  EXPECT_THAT(statuses(), Each(kDone));
+  EXPECT_THAT(statuses(), Each(kUninstalled));
   EXPECT_EQ(fake.journal.at(fake.journal.size() - 2), kRestart);
 }
 
@@ -117,7 +109,7 @@ TEST_F(UninstallBatch, AnErrorInTheMiddleEndsTheRunWithItsDescription) {
     if (job.SystemName.ends_with("HOST2")) throw RuntimeError(kLibraryFunctionMissing, "No such function.");
   };
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kDone, kAgentless, kAgentless));
+  EXPECT_THAT(statuses(), LinesAre({kUninstalled, kAgentless, kAgentless}));
   EXPECT_EQ(fake.journal.at(fake.journal.size() - 2), "Pointer 0");
   EXPECT_EQ(fake.journal.back(), "MessageBox plain: No such function.");
   EXPECT_THAT(libraryCalls(), Each("qrvCUninstall")) << "no restart either";
@@ -129,9 +121,9 @@ TEST_F(UninstallBatch, AComputerThatTheInventoryDoesNotKnowEndsTheRun) {
   addUnknownComputer("HOST2", kAgentless);
   addAgentless("HOST3");
   run();
-  EXPECT_THAT(uninstalled(), ElementsAre("HOST1"));
+  EXPECT_THAT(uninstalled(), LinesAre({"HOST1"}));
   EXPECT_THAT(boxes(), SizeIs(1));
-  EXPECT_THAT(statuses(), ElementsAre(kDone, kAgentless, kAgentless));
+  EXPECT_THAT(statuses(), LinesAre({kUninstalled, kAgentless, kAgentless}));
 }
 
 TEST_F(UninstallBatch, ALogThatCannotBeWrittenEndsTheRun) {
@@ -139,7 +131,7 @@ TEST_F(UninstallBatch, ALogThatCannotBeWrittenEndsTheRun) {
   fake.libraries.computers["HOST1"].uninstallExit = 1180;
   refuseLog();
   run();
-  EXPECT_THAT(uninstalled(), ElementsAre("HOST1"));
+  EXPECT_THAT(uninstalled(), LinesAre({"HOST1"}));
   EXPECT_THAT(boxes(), SizeIs(1));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
@@ -156,7 +148,7 @@ TEST_F(UninstallBatch, TheAnswersOfTheFirstRunStayForTheSecond) {
   addAgentBased("HOST1").uninstallExit = 1180;
   logIn();
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kFailed180));
+  EXPECT_THAT(statuses(), LinesAre({kFailed180}));
   EXPECT_TRUE(targets.ErrorsSeen);
 
   targets.lvSystems.ListItems(1).SubItems(kStatusSubItem) = kStandard;
@@ -165,8 +157,8 @@ TEST_F(UninstallBatch, TheAnswersOfTheFirstRunStayForTheSecond) {
   run();
   // The refusal emptied the account, but a login was accepted once: no shares, and no skip.
   EXPECT_THAT(fakes::linesOf(fake.journal, "createNew"), IsEmpty());
-  EXPECT_THAT(statuses(), ElementsAre(kDone));
-  EXPECT_THAT(log(), ElementsAre("Could not uninstall Varnhold Agent on HOST1 - " + kFailed180));
+  EXPECT_THAT(statuses(), LinesAre({kUninstalled}));
+  EXPECT_THAT(log(), LinesAre({"Could not uninstall Varnhold Agent on HOST1 - " + kFailed180}));
   EXPECT_TRUE(targets.ErrorsSeen) << "only the wizard's load and the installs clear it";
 }
 
@@ -177,7 +169,7 @@ TEST_F(UninstallBatch, ASecondRunRestartsNothingForTheFirst) {
   addAgentBased("HOST2");
   logIn();
   run();
-  EXPECT_THAT(libraryCalls(), ElementsAre("qrvCUninstall"));
+  EXPECT_THAT(libraryCalls(), LinesAre({"qrvCUninstall"}));
 }
 
 }  // namespace

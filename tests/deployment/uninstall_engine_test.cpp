@@ -1,5 +1,6 @@
 // The uninstall of either agent.
 #include "tests/deployment/engine_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -12,15 +13,10 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
 
-const std::string kDone = "Agent uninstalled successfully";
-const std::string kInaccessible = "Not Accessible, will be skipped.";
-const std::string kStandard = "Managed - Standard Mode";
-const std::string kNoService = "Agent service does not exist.";
 const std::string kNoServiceQuestion =
     "MessageBox question: Agent service on 'HOST1' does not exist. Do you want to remove it from Manager "
     "config "
     "anyway?";
-const std::string kRestart = "qrvRestartService MANAGER Varnhold Agent -> 1";
 const std::string kNotInstalled =
     "Skipped: Either Agent is not installed or it does not belong to this manager";
 
@@ -61,7 +57,7 @@ TEST_F(UninstallEngine, TakesAnAgentOffStepByStep) {
                    connects("HOST1"),
                    {"Select HOST1", findsSystem("HOST1"), asksIfAgentless("HOST1"), uninstalls("HOST1", 7)},
                    ends(7),
-                   {forgets("HOST1"), status("HOST1", kDone), "Progress 99", asksIfAgentless("HOST1")},
+                   {forgets("HOST1"), status("HOST1", kUninstalled), "Progress 99", asksIfAgentless("HOST1")},
                    disconnects("HOST1"),
                    {"Pointer 0"}})));
   EXPECT_THAT(inventory.agents(), IsEmpty());
@@ -77,7 +73,7 @@ TEST_F(UninstallEngine, DropsAnAgentlessComputerWithoutALoginAndRestartsTheManag
                                           asksIfAgentless("HOST1"), "Select HOST1", findsSystem("HOST1"),
                                           asksIfAgentless("HOST1"), uninstalls("HOST1", 7, ", AgentKind=1")},
                                          ends(7),
-                                         {forgets("HOST1"), status("HOST1", kDone), "Progress 99",
+                                         {forgets("HOST1"), status("HOST1", kUninstalled), "Progress 99",
                                           asksIfAgentless("HOST1"), kRestart, "Pointer 0"}})));
 }
 
@@ -86,9 +82,9 @@ TEST_F(UninstallEngine, HandlesEventsBetweenItsSteps) {
   watchPumps();
   run();
   EXPECT_THAT(fakes::linesWithout(fake.journal, {"SQL", "GetExit", "Close"}),
-              ElementsAre("Pointer 13", kResetLog, "pump", "pump", "pump", "Select HOST1",
-                          uninstalls("HOST1", 7, ", AgentKind=1"), status("HOST1", kDone), "Progress 99",
-                          "pump", kRestart, "Pointer 0"));
+              LinesAre({"Pointer 13", kResetLog, "pump", "pump", "pump", "Select HOST1",
+                        uninstalls("HOST1", 7, ", AgentKind=1"), status("HOST1", kUninstalled), "Progress 99",
+                        "pump", kRestart, "Pointer 0"}));
 }
 
 TEST_F(UninstallEngine, ShowsTheBar) {
@@ -102,20 +98,20 @@ TEST_F(UninstallEngine, SaysThatTheManagersAgentWasNotRestarted) {
   addAgentless("HOST1");
   fake.libraries.computers["MANAGER"].restartsServices = false;
   run();
-  EXPECT_THAT(boxes(), ElementsAre(kRestartFailed));
+  EXPECT_THAT(boxes(), LinesAre({kRestartFailed}));
 }
 
 TEST_F(UninstallEngine, RestartsAlsoWhereTheAgentlessJobFailed) {
   addAgentless("HOST1").uninstallExit = 1180;
   run();
-  EXPECT_THAT(libraryCalls(), ElementsAre("qrvCUninstall", "qrvRestartService"));
+  EXPECT_THAT(libraryCalls(), LinesAre({"qrvCUninstall", "qrvRestartService"}));
 }
 
 TEST_F(UninstallEngine, AListOfAgentlessComputersAsksForNoLogin) {
   addAgentless("HOST1");
   addAgentless("HOST2");
   run();
-  EXPECT_THAT(statuses(), Each(kDone));
+  EXPECT_THAT(statuses(), Each(kUninstalled));
   EXPECT_THAT(fakes::linesOf(fake.journal, "createNew"), IsEmpty());
 }
 
@@ -124,7 +120,7 @@ TEST_F(UninstallEngine, AnAgentlessFirstRowLeavesTheOthersWithoutALogin) {
   addAgentBased("HOST2");
   addAgentless("HOST3");
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kDone, kInaccessible, kDone));
+  EXPECT_THAT(statuses(), LinesAre({kUninstalled, kInaccessible, kUninstalled}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "createNew"), IsEmpty());
   EXPECT_FALSE(targets.ErrorsSeen);
 }
@@ -135,9 +131,9 @@ TEST_F(UninstallEngine, ARefusedLoginSkipsAgentsAndTakesAgentlessRows) {
   addAgentBased("HOST3");
   refuseLogin();
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kInaccessible, kDone, kInaccessible));
-  EXPECT_THAT(fakes::linesOf(fake.journal, "Select "), ElementsAre("Select HOST2"));
-  EXPECT_THAT(fakes::linesOf(fake.journal, "Progress "), ElementsAre("Progress 33"));
+  EXPECT_THAT(statuses(), LinesAre({kInaccessible, kUninstalled, kInaccessible}));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "Select "), LinesAre({"Select HOST2"}));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "Progress "), LinesAre({"Progress 33"}));
 }
 
 TEST_F(UninstallEngine, NeverTouchesWhatIsNoWindows) {
@@ -147,15 +143,14 @@ TEST_F(UninstallEngine, NeverTouchesWhatIsNoWindows) {
     addComputer(name, "Managed - Agentless Mode", type);
   }
   run();
-  EXPECT_THAT(boxes(),
-              ElementsAre("MessageBox plain: Selected system - HOST0 is not a windows based system, "
-                          "hence uninstallation not allowed.",
-                          "MessageBox plain: Selected system - HOST101 is not a windows based system, "
-                          "hence uninstallation not allowed.",
-                          "MessageBox plain: Selected system - HOST201 is not a windows based system, "
-                          "hence uninstallation not allowed.",
-                          "MessageBox plain: Selected system - HOST301 is not a windows based system, "
-                          "hence uninstallation not allowed."));
+  EXPECT_THAT(boxes(), LinesAre({"MessageBox plain: Selected system - HOST0 is not a windows based system, "
+                                 "hence uninstallation not allowed.",
+                                 "MessageBox plain: Selected system - HOST101 is not a windows based system, "
+                                 "hence uninstallation not allowed.",
+                                 "MessageBox plain: Selected system - HOST201 is not a windows based system, "
+                                 "hence uninstallation not allowed.",
+                                 "MessageBox plain: Selected system - HOST301 is not a windows based system, "
+                                 "hence uninstallation not allowed."}));
   EXPECT_THAT(statuses(), Each("Managed - Agentless Mode"));
   EXPECT_THAT(log(), IsEmpty());
   EXPECT_FALSE(targets.ErrorsSeen);
@@ -167,7 +162,7 @@ TEST_F(UninstallEngine, SkipsTheManagersOwnComputerWithoutAWordInTheLog) {
   addAgentBased("Manager");
   logIn();
   run();
-  EXPECT_THAT(statuses(), ElementsAre("Skipped: Manager (local system)"));
+  EXPECT_THAT(statuses(), LinesAre({"Skipped: Manager (local system)"}));
   EXPECT_THAT(jobs("qrvCUninstall"), IsEmpty());
   EXPECT_THAT(log(), IsEmpty());
   EXPECT_FALSE(targets.ErrorsSeen);
@@ -178,11 +173,11 @@ TEST_F(UninstallEngine, SkipsAComputerWithoutAnAgentOfTheProduct) {
   logIn();
   run();
   EXPECT_THAT(fakes::linesWithout(deeds(), {"createNew", "ShellExecute", "Sleep", "remove " + kBatch}),
-              ElementsAre(kResetLog, asksIfAgentless("HOST1"), "Show modal frmLogin", "Close frmLogin",
-                          asksIfAgentless("HOST1"), findsSystem("HOST1"),
-                          logged("Skipped: HOST1 - Cannot uninstall because either Agent is not installed or "
-                                 "it does not belong to this manager"),
-                          status("HOST1", kNotInstalled), asksIfAgentless("HOST1")));
+              LinesAre({kResetLog, asksIfAgentless("HOST1"), "Show modal frmLogin", "Close frmLogin",
+                        asksIfAgentless("HOST1"), findsSystem("HOST1"),
+                        logged("Skipped: HOST1 - Cannot uninstall because either Agent is not installed or "
+                               "it does not belong to this manager"),
+                        status("HOST1", kNotInstalled), asksIfAgentless("HOST1")}));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
 
@@ -192,7 +187,7 @@ TEST_F(UninstallEngine, TakesEveryStatusOfItsProduct) {
                              "Tracking Changes & Events"})
     addAgentBased("HOST" + std::to_string(targets.lvSystems.ListItems.Count()), status);
   run();
-  EXPECT_THAT(statuses(), Each(kDone));
+  EXPECT_THAT(statuses(), Each(kUninstalled));
 }
 
 TEST_F(UninstallEngine, ForTheTessmarkAgentTakesOtherStatusesAndAnotherRow) {
@@ -203,10 +198,10 @@ TEST_F(UninstallEngine, ForTheTessmarkAgentTakesOtherStatusesAndAnotherRow) {
   addComputer("HOST3", "Tracking Changes & Events");
   logIn();
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kDone, kNotInstalled, kDone));
+  EXPECT_THAT(statuses(), LinesAre({kUninstalled, kNotInstalled, kUninstalled}));
   EXPECT_THAT(changes(),
-              ElementsAre("SQL: DELETE FROM Module_Table WHERE System_Name = 'HOST1' AND Module_ID = 2",
-                          "SQL: DELETE FROM Module_Table WHERE System_Name = 'HOST3' AND Module_ID = 2"));
+              LinesAre({"SQL: DELETE FROM Module_Table WHERE System_Name = 'HOST1' AND Module_ID = 2",
+                        "SQL: DELETE FROM Module_Table WHERE System_Name = 'HOST3' AND Module_ID = 2"}));
   EXPECT_THAT(jobs("qrvCUninstall"), Each(HasSubstr(R"(] C:\TESSMARK\remins -> )")));
 }
 
@@ -231,7 +226,7 @@ TEST_F(UninstallEngine, SaysNothingOfSnapshotsWithoutATessmarkProduct) {
 TEST_F(UninstallEngine, NeverTellsTheJobOfAVista) {
   addAgentless("HOST1").osMajorVersion = 6;
   run();
-  EXPECT_THAT(jobs("qrvCUninstall"), ElementsAre(uninstalls("HOST1", 7, ", AgentKind=1")));
+  EXPECT_THAT(jobs("qrvCUninstall"), LinesAre({uninstalls("HOST1", 7, ", AgentKind=1")}));
 }
 
 TEST_F(UninstallEngine, AnAgentBasedComputerIsNoneAfterAnAgentlessOne) {
@@ -240,7 +235,7 @@ TEST_F(UninstallEngine, AnAgentBasedComputerIsNoneAfterAnAgentlessOne) {
   addAgentBased("HOST2");
   run();
   EXPECT_THAT(jobs("qrvCUninstall"),
-              ElementsAre(uninstalls("HOST1", 7, ", AgentKind=1"), uninstalls("HOST2", 8)));
+              LinesAre({uninstalls("HOST1", 7, ", AgentKind=1"), uninstalls("HOST2", 8)}));
 }
 
 TEST_F(UninstallEngine, LogsAFailedJobAndKeepsTheRow) {
@@ -249,7 +244,7 @@ TEST_F(UninstallEngine, LogsAFailedJobAndKeepsTheRow) {
   const std::string words =
       "Failed to create service. This may be due to insufficient permission or network problems.";
   EXPECT_THAT(statuses(), ElementsAre(words));
-  EXPECT_THAT(log(), ElementsAre("Could not uninstall Varnhold Agent on HOST1 - " + words));
+  EXPECT_THAT(log(), LinesAre({"Could not uninstall Varnhold Agent on HOST1 - " + words}));
   EXPECT_TRUE(targets.ErrorsSeen);
   EXPECT_THAT(inventory.agents(), SizeIs(1));
 }
@@ -259,7 +254,7 @@ TEST_F(UninstallEngine, NamesTheTessmarkAgentByItsProductsName) {
   addComputer("HOST1", "Tracking Changes").startsThreads = false;
   logIn();
   run();
-  EXPECT_THAT(log(), ElementsAre("Could not uninstall Tessmark for Windows Agent on HOST1 - Unknown error."));
+  EXPECT_THAT(log(), LinesAre({"Could not uninstall Tessmark for Windows Agent on HOST1 - Unknown error."}));
 }
 
 TEST_F(UninstallEngine, ForgetsAnAgentWithoutAServiceWhereTheOperatorWantsIt) {
@@ -268,8 +263,8 @@ TEST_F(UninstallEngine, ForgetsAnAgentWithoutAServiceWhereTheOperatorWantsIt) {
   run();
   const auto words = kNoService + " - Removed from Manager config";
   EXPECT_THAT(fakes::linesWithout(deeds(), {"SQL: SELECT", "qrv", "GetExit", "Close"}),
-              ElementsAre(kResetLog, kNoServiceQuestion + " -> Yes", forgets("HOST1"), status("HOST1", words),
-                          logged("Could not uninstall Varnhold Agent on HOST1 - " + words)));
+              LinesAre({kResetLog, kNoServiceQuestion + " -> Yes", forgets("HOST1"), status("HOST1", words),
+                        logged("Could not uninstall Varnhold Agent on HOST1 - " + words)}));
   EXPECT_THAT(inventory.agents(), IsEmpty());
   EXPECT_TRUE(targets.ErrorsSeen);
 }
@@ -278,15 +273,15 @@ TEST_F(UninstallEngine, KeepsAnAgentWithoutAServiceWhereTheOperatorDoesNot) {
   addAgentless("HOST1").uninstallExit = 1196;
   ui.nextAnswer(ui::Answer::No);
   run();
-  EXPECT_THAT(boxes(), ElementsAre(kNoServiceQuestion + " -> No"));
-  EXPECT_THAT(statuses(), ElementsAre(kNoService));
-  EXPECT_THAT(log(), ElementsAre("Could not uninstall Varnhold Agent on HOST1 - " + kNoService));
+  EXPECT_THAT(boxes(), LinesAre({kNoServiceQuestion + " -> No"}));
+  EXPECT_THAT(statuses(), LinesAre({kNoService}));
+  EXPECT_THAT(log(), LinesAre({"Could not uninstall Varnhold Agent on HOST1 - " + kNoService}));
   EXPECT_THAT(inventory.agents(), SizeIs(1));
 }
 
 TEST_F(UninstallEngine, DoesNothingForNoComputers) {
   run();
-  EXPECT_THAT(fake.journal, ElementsAre("Pointer 13", kResetLog, "Pointer 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13", kResetLog, "Pointer 0"}));
 }
 
 }  // namespace

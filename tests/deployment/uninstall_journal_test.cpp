@@ -4,9 +4,6 @@
 namespace varnhold::deployment {
 namespace {
 
-const std::string kDone = "Agent uninstalled successfully";
-const std::string kAgentless = "Managed - Agentless Mode";
-const std::string kNoService = "Agent service does not exist.";
 const std::string kForgotten = " - Removed from Manager config";
 
 class UninstallJournal : public EngineJournalTest {
@@ -53,7 +50,7 @@ class UninstallJournal : public EngineJournalTest {
   static Lines started(const std::string& name, int thread, const std::string& kind = "") {
     return {asksIfAgentless(name), uninstalls(name, thread, kind)};
   }
-  static Lines takenOff(const std::string& name) { return {forgets(name), status(name, kDone)}; }
+  static Lines takenOff(const std::string& name) { return {forgets(name), status(name, kUninstalled)}; }
   /// An agentless computer where all goes well: no account is there, so no share is looked at.
   static Lines dropped(const std::string& name, int thread, int mark, int polls = 0) {
     return agentless(name, mark,

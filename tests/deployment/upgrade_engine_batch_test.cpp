@@ -1,16 +1,13 @@
 // Many computers in one run of either upgrade, stops, errors of the engine itself, and two runs.
 #include "tests/deployment/engine_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
 
 using testing::Each;
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-const std::string kDone = "Upgraded successfully";
-const std::string kStandard = "Managed - Standard Mode";
 
 /// The two upgrades, and what differs between them.
 struct UpgradeKind {
@@ -78,13 +75,13 @@ TEST_P(UpgradeBatch, TwelveComputersEachWithItsOwnOutcome) {
       failure + "Failed to create service. This may be due to insufficient permission or network problems.";
   const auto notStarted =
       failure + "Unknown error. This may be due to insufficient permission or network problems.";
-  EXPECT_THAT(statuses(),
-              ElementsAre(kDone, "Skipped: Manager (local system)",
-                          "Skipped: No need to upgrade agent less agents", "Skipped: Agent not installed",
-                          failed180, notStarted, kStandard, kDone, kStandard, kStandard, kDone, kDone));
-  EXPECT_THAT(log(), ElementsAre("Skipped: HOST04 - Cannot upgrade because Agent is not installed",
-                                 "HOST05 - " + failed180, "HOST06 - " + notStarted));
-  EXPECT_THAT(upgraded(), ElementsAre("HOST01", "HOST05", "HOST06", "HOST08", "HOST11", "HOST12"));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded, "Skipped: Manager (local system)",
+                                    "Skipped: No need to upgrade agent less agents",
+                                    "Skipped: Agent not installed", failed180, notStarted, kStandard,
+                                    kUpgraded, kStandard, kStandard, kUpgraded, kUpgraded}));
+  EXPECT_THAT(log(), LinesAre({"Skipped: HOST04 - Cannot upgrade because Agent is not installed",
+                               "HOST05 - " + failed180, "HOST06 - " + notStarted}));
+  EXPECT_THAT(upgraded(), LinesAre({"HOST01", "HOST05", "HOST06", "HOST08", "HOST11", "HOST12"}));
   EXPECT_THAT(changes(), IsEmpty());
   EXPECT_THAT(fakes::linesOf(fake.journal, "Select "), SizeIs(12));
   EXPECT_EQ(targets.pbProgress.Value, 96);
@@ -95,23 +92,23 @@ TEST_P(UpgradeBatch, AStopDuringTheFirstJobLeavesTheOthersAlone) {
   addThree();
   stopDuring("HOST1");
   run();
-  EXPECT_THAT(upgraded(), ElementsAre("HOST1"));
-  EXPECT_THAT(statuses(), ElementsAre(kDone, kStandard, kStandard));
+  EXPECT_THAT(upgraded(), LinesAre({"HOST1"}));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded, kStandard, kStandard}));
 }
 
 TEST_P(UpgradeBatch, AStopDuringAMiddleJobLetsItEnd) {
   addThree();
   stopDuring("HOST2");
   run();
-  EXPECT_THAT(upgraded(), ElementsAre("HOST1", "HOST2"));
-  EXPECT_THAT(statuses(), ElementsAre(kDone, kDone, kStandard));
+  EXPECT_THAT(upgraded(), LinesAre({"HOST1", "HOST2"}));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded, kUpgraded, kStandard}));
 }
 
 TEST_P(UpgradeBatch, AStopDuringTheLastJobChangesNothing) {
   addThree();
   stopDuring("HOST3");
   run();
-  EXPECT_THAT(statuses(), Each(kDone));
+  EXPECT_THAT(statuses(), Each(kUpgraded));
   EXPECT_EQ(targets.pbProgress.Value, 99);
 }
 
@@ -122,7 +119,7 @@ TEST_P(UpgradeBatch, AnErrorInTheMiddleEndsTheRunWithItsDescription) {
     if (job.SystemName.ends_with("HOST2")) throw RuntimeError(kLibraryFunctionMissing, "No such function.");
   };
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kDone, kStandard, kStandard));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded, kStandard, kStandard}));
   EXPECT_EQ(fake.journal.at(fake.journal.size() - 2), "Pointer 0");
   EXPECT_EQ(fake.journal.back(), "MessageBox plain: No such function.");
 }
@@ -132,7 +129,7 @@ TEST_P(UpgradeBatch, AComputerThatTheInventoryDoesNotKnowEndsTheRun) {
   addUnknownComputer("HOST2", kStandard);
   addAgent("HOST3");
   run();
-  EXPECT_THAT(upgraded(), ElementsAre("HOST1"));
+  EXPECT_THAT(upgraded(), LinesAre({"HOST1"}));
   EXPECT_THAT(boxes(), SizeIs(1));
 }
 
@@ -142,7 +139,7 @@ TEST_P(UpgradeBatch, ALogThatCannotBeWrittenEndsTheRunBeforeTheStatusIsSet) {
   refuseLog();
   run();
   EXPECT_THAT(statuses(), Each(kStandard));
-  EXPECT_THAT(upgraded(), ElementsAre("HOST1"));
+  EXPECT_THAT(upgraded(), LinesAre({"HOST1"}));
   EXPECT_THAT(boxes(), SizeIs(1));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
@@ -174,7 +171,7 @@ TEST_P(UpgradeBatch, ASecondRunKeepsTheOldLogAndTheErrors) {
   fake.libraries.computers["HOST1"].upgradeExit = GetParam().successExit;
   targets.lvSystems.ListItems(1).SubItems(kStatusSubItem) = kStandard;
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kDone));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded}));
   EXPECT_EQ(log(), first);
   EXPECT_TRUE(targets.ErrorsSeen) << "only the wizard's load and the installs clear it";
 }

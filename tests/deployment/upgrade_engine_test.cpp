@@ -1,5 +1,6 @@
 // The upgrade over the Windows network.
 #include "tests/deployment/engine_fixture.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::deployment {
 namespace {
@@ -11,14 +12,9 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-const std::string kDone = "Upgraded successfully";
-const std::string kStandard = "Managed - Standard Mode";
-const std::string kInaccessible = "Not Accessible, will be skipped.";
 const std::string kIni =
     R"(qrvCReadNWriteVhaConfigINI4Turbo C:\VARNHOLD\RemoteInstaller\Agent\vhagent )"
     R"(C:\VARNHOLD\RemoteInstaller\Agent C:\VARNHOLD\RemoteInstaller\Agent\vhaconfig.ini )";
-const std::string kFailed180 =
-    "Failed to create service. This may be due to insufficient permission or network problems.";
 
 class UpgradeEngine : public EngineTest {
  protected:
@@ -49,11 +45,11 @@ TEST_F(UpgradeEngine, UpgradesAComputerStepByStepAndLeavesItsRowAlone) {
   addAgent("HOST1");
   run();
   EXPECT_THAT(fake.journal,
-              ElementsAre("Pointer 13", kResetLog, "Select HOST1", findsSystem("HOST1"),
-                          asksIfAgentless("HOST1"), "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1",
-                          kIni + "0 -> 1", upgrades("HOST1", 7), "GetExitCodeThread 7 -> 1700",
-                          "CloseHandle 7", status("HOST1", kDone), "Progress 99", "Pointer 0"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\OLD|0|0)"));
+              LinesAre({"Pointer 13", kResetLog, "Select HOST1", findsSystem("HOST1"),
+                        asksIfAgentless("HOST1"), "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1",
+                        kIni + "0 -> 1", upgrades("HOST1", 7), "GetExitCodeThread 7 -> 1700", "CloseHandle 7",
+                        status("HOST1", kUpgraded), "Progress 99", "Pointer 0"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\OLD|0|0)"}));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
@@ -61,25 +57,26 @@ TEST_F(UpgradeEngine, HandlesEventsBetweenItsSteps) {
   addAgent("HOST1");
   watchPumps();
   run();
-  EXPECT_THAT(fakes::linesWithout(fake.journal, {"SQL", "GetExit", "Close"}),
-              ElementsAre("Pointer 13", kResetLog, "pump", "pump", "pump", "Select HOST1", "pump",
-                          "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1", "pump", kIni + "0 -> 1",
-                          upgrades("HOST1", 7), status("HOST1", kDone), "Progress 99", "pump", "Pointer 0"));
+  EXPECT_THAT(
+      fakes::linesWithout(fake.journal, {"SQL", "GetExit", "Close"}),
+      LinesAre({"Pointer 13", kResetLog, "pump", "pump", "pump", "Select HOST1", "pump",
+                "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1", "pump", kIni + "0 -> 1",
+                upgrades("HOST1", 7), status("HOST1", kUpgraded), "Progress 99", "pump", "Pointer 0"}));
 }
 
 TEST_F(UpgradeEngine, HighPerformanceReachesTheIniFileButNotTheJob) {
   addAgent("HOST1", "Managed - High Performance Mode");
   targets.chkHPMode.Value.settle(1);
   run();
-  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCReadNWrite"), ElementsAre(kIni + "5 -> 1"));
-  EXPECT_THAT(jobs("qrvCUpgradeAgent"), ElementsAre(upgrades("HOST1", 7)));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCReadNWrite"), LinesAre({kIni + "5 -> 1"}));
+  EXPECT_THAT(jobs("qrvCUpgradeAgent"), LinesAre({upgrades("HOST1", 7)}));
 }
 
 TEST_F(UpgradeEngine, GoesOnWhereTheIniFileWasNotEdited) {
   fake.libraries.iniEdits = false;
   addAgent("HOST1");
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kDone));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded}));
 }
 
 TEST_F(UpgradeEngine, GivesTheJobTheConfigurationTheScriptsAndTheVersion) {
@@ -89,9 +86,9 @@ TEST_F(UpgradeEngine, GivesTheJobTheConfigurationTheScriptsAndTheVersion) {
   targets.chkUpgradeRemedialActionScripts.Value.settle(1);
   run();
   EXPECT_THAT(jobs("qrvCUpgradeAgent"),
-              ElementsAre(R"(qrvCUpgradeAgent [SystemName=\\HOST1, ConfigFile=C:\own.ini, OSFlag=6, )"
-                          "AgentMode=1, RemedialFlag=1] " +
-                          kRemins + " -> 7"));
+              LinesAre({R"(qrvCUpgradeAgent [SystemName=\\HOST1, ConfigFile=C:\own.ini, OSFlag=6, )"
+                        "AgentMode=1, RemedialFlag=1] " +
+                        kRemins + " -> 7"}));
 }
 
 TEST_F(UpgradeEngine, ShowsTheRun) {
@@ -104,8 +101,8 @@ TEST_F(UpgradeEngine, ShowsTheRun) {
 TEST_F(UpgradeEngine, LogsAFailedJob) {
   addAgent("HOST1").upgradeExit = 1180;
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kFailed180));
-  EXPECT_THAT(log(), ElementsAre("HOST1 - " + kFailed180));
+  EXPECT_THAT(statuses(), LinesAre({kFailed180}));
+  EXPECT_THAT(log(), LinesAre({"HOST1 - " + kFailed180}));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
 
@@ -113,16 +110,16 @@ TEST_F(UpgradeEngine, TakesAnInstallsSuccessForAFault) {
   addAgent("HOST1").upgradeExit = 1150;
   addAgent("HOST2").startsThreads = false;
   run();
-  EXPECT_THAT(statuses(), ElementsAre("Unknown error.",
-                                      "Unknown error. This may be due to insufficient "
-                                      "permission or network problems."));
+  EXPECT_THAT(statuses(), LinesAre({"Unknown error.",
+                                    "Unknown error. This may be due to insufficient "
+                                    "permission or network problems."}));
 }
 
 TEST_F(UpgradeEngine, SkipsTheManagersOwnComputerWithoutAWordInTheLog) {
   addAgent("Manager");
   run();
-  EXPECT_THAT(deeds(), ElementsAre(kResetLog, findsSystem("Manager"),
-                                   status("Manager", "Skipped: Manager (local system)")));
+  EXPECT_THAT(deeds(), LinesAre({kResetLog, findsSystem("Manager"),
+                                 status("Manager", "Skipped: Manager (local system)")}));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
@@ -130,17 +127,17 @@ TEST_F(UpgradeEngine, SkipsAnAgentlessRowWithoutAWordInTheLog) {
   inventory.addAgent("HOST1", 1, 1);
   addComputer("HOST1", "Managed - Agentless Mode");
   run();
-  EXPECT_THAT(deeds(), ElementsAre(kResetLog, findsSystem("HOST1"), asksIfAgentless("HOST1"),
-                                   status("HOST1", "Skipped: No need to upgrade agent less agents")));
+  EXPECT_THAT(deeds(), LinesAre({kResetLog, findsSystem("HOST1"), asksIfAgentless("HOST1"),
+                                 status("HOST1", "Skipped: No need to upgrade agent less agents")}));
   EXPECT_FALSE(targets.ErrorsSeen);
 }
 
 TEST_F(UpgradeEngine, SkipsAComputerWithoutAnAgentOfTheProduct) {
   addComputer("HOST1", "Tracking Changes");
   run();
-  EXPECT_THAT(deeds(), ElementsAre(kResetLog, findsSystem("HOST1"), asksIfAgentless("HOST1"),
-                                   logged("Skipped: HOST1 - Cannot upgrade because Agent is not installed"),
-                                   status("HOST1", "Skipped: Agent not installed")));
+  EXPECT_THAT(deeds(), LinesAre({kResetLog, findsSystem("HOST1"), asksIfAgentless("HOST1"),
+                                 logged("Skipped: HOST1 - Cannot upgrade because Agent is not installed"),
+                                 status("HOST1", "Skipped: Agent not installed")}));
   EXPECT_TRUE(targets.ErrorsSeen);
 }
 
@@ -149,7 +146,7 @@ TEST_F(UpgradeEngine, TakesEveryStatusOfItsProduct) {
   addAgent("HOST2");
   addAgent("HOST3", "Tracking Changes & Events");
   run();
-  EXPECT_THAT(statuses(), Each(kDone));
+  EXPECT_THAT(statuses(), Each(kUpgraded));
 }
 
 TEST_F(UpgradeEngine, TakesTheStatusesOfTheTessmarkAgentForThatOne) {
@@ -157,14 +154,14 @@ TEST_F(UpgradeEngine, TakesTheStatusesOfTheTessmarkAgentForThatOne) {
   addComputer("HOST1", "Tracking Changes");
   addComputer("HOST2", kStandard);
   run();
-  EXPECT_THAT(statuses(), ElementsAre(kDone, "Skipped: Agent not installed"));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded, "Skipped: Agent not installed"}));
   EXPECT_THAT(jobs("qrvCUpgradeAgent"), ElementsAre(HasSubstr(R"(C:\TESSMARK\remins)")));
 }
 
 TEST_F(UpgradeEngine, AnInaccessibleRowIsPassedOver) {
   addAgent("HOST1", kInaccessible);
   run();
-  EXPECT_THAT(fake.journal, ElementsAre("Pointer 13", kResetLog, "Pointer 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13", kResetLog, "Pointer 0"}));
 }
 
 TEST_F(UpgradeEngine, LooksAnewAtAnUnknownTypeAndDoesNotAskWhereThatHelps) {
@@ -174,25 +171,25 @@ TEST_F(UpgradeEngine, LooksAnewAtAnUnknownTypeAndDoesNotAskWhereThatHelps) {
   EXPECT_THAT(fakes::linesOf(fake.journal, "SQL: SELECT * FROM System_Table"), SizeIs(2));
   EXPECT_EQ(fakes::linesWithout(deeds(), {"SQL"}).at(1), "qrvNetOpGetSystem HOST1");
   EXPECT_EQ(fakes::linesWithout(deeds(), {"SQL"}).at(2), "Sleep 500");
-  EXPECT_THAT(statuses(), ElementsAre(kDone));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded}));
 }
 
 TEST_F(UpgradeEngine, UpgradesAnUnknownTypeWhereTheOperatorIsSure) {
   addAgent("HOST1", kStandard, 0);
   ui.nextAnswer(ui::Answer::Yes);
   run();
-  EXPECT_THAT(boxes(), ElementsAre(asks("HOST1", "Yes")));
-  EXPECT_THAT(statuses(), ElementsAre(kDone));
+  EXPECT_THAT(boxes(), LinesAre({asks("HOST1", "Yes")}));
+  EXPECT_THAT(statuses(), LinesAre({kUpgraded}));
 }
 
 TEST_F(UpgradeEngine, SkipsAnUnknownTypeInSilenceWhereTheOperatorIsNot) {
   addAgent("HOST1", kStandard, 0);
   ui.nextAnswer(ui::Answer::No);
   run();
-  EXPECT_THAT(fake.journal, ElementsAre("Pointer 13", kResetLog, "Select HOST1", findsSystem("HOST1"),
-                                        "qrvNetOpGetSystem HOST1", "Sleep 500", findsSystem("HOST1"),
-                                        asks("HOST1", "No"), "Progress 99", "Pointer 0"));
-  EXPECT_THAT(statuses(), ElementsAre(kStandard));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13", kResetLog, "Select HOST1", findsSystem("HOST1"),
+                                      "qrvNetOpGetSystem HOST1", "Sleep 500", findsSystem("HOST1"),
+                                      asks("HOST1", "No"), "Progress 99", "Pointer 0"}));
+  EXPECT_THAT(statuses(), LinesAre({kStandard}));
   EXPECT_THAT(log(), IsEmpty());
 }
 
@@ -202,7 +199,7 @@ TEST_F(UpgradeEngine, ASolarisNeverPassesWhateverTheAnswer) {
   ui.nextAnswer(ui::Answer::Yes);
   ui.nextAnswer(ui::Answer::No);
   run();
-  EXPECT_THAT(boxes(), ElementsAre(asks("HOST1", "Yes"), asks("HOST2", "No")));
+  EXPECT_THAT(boxes(), LinesAre({asks("HOST1", "Yes"), asks("HOST2", "No")}));
   EXPECT_THAT(statuses(), Each(kStandard));
   EXPECT_THAT(jobs("qrvCUpgradeAgent"), IsEmpty());
 }
@@ -218,7 +215,7 @@ TEST_F(UpgradeEngine, KnownStrangersAreSkippedWithoutAQuestion) {
 
 TEST_F(UpgradeEngine, DoesNothingForNoComputers) {
   run();
-  EXPECT_THAT(fake.journal, ElementsAre("Pointer 13", kResetLog, "Pointer 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"Pointer 13", kResetLog, "Pointer 0"}));
 }
 
 class AgentlessUpgradeEngine : public UpgradeEngine {
@@ -239,7 +236,7 @@ TEST_F(AgentlessUpgradeEngine, LooksAtTheLogConnectsUpgradesAndDisconnectsStepBy
            {"Select HOST1", findsSystem("HOST1"), asksIfAgentless("HOST1"),
             "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1",
             R"(qrvCUpgradeAgent [SystemName=\\HOST1, OSFlag=6, UseDefaultConfig=1] )" + kRemins + " -> 7",
-            "GetExitCodeThread 7 -> 1700", "CloseHandle 7", status("HOST1", kDone), "Progress 99"},
+            "GetExitCodeThread 7 -> 1700", "CloseHandle 7", status("HOST1", kUpgraded), "Progress 99"},
            disconnects("HOST1"),
            {"Pointer 0"}})));
 }
@@ -251,10 +248,10 @@ TEST_F(AgentlessUpgradeEngine, AComputerWithAClosedLogIsNeitherConnectedNorDisco
   fake.eventLog.messages[5] = "Access is denied.\r\n";
   logIn();
   run();
-  EXPECT_THAT(statuses(), ElementsAre("Skipped: Access is denied.", kDone));
-  EXPECT_THAT(log(), ElementsAre("Skipped: HOST1 - Access is denied."));
+  EXPECT_THAT(statuses(), LinesAre({"Skipped: Access is denied.", kUpgraded}));
+  EXPECT_THAT(log(), LinesAre({"Skipped: HOST1 - Access is denied."}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "createNew"), Each(HasSubstr(R"(\\HOST2\)")));
-  EXPECT_THAT(fakes::linesOf(fake.journal, "Select "), ElementsAre("Select HOST2"));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "Select "), LinesAre({"Select HOST2"}));
 }
 
 TEST_F(AgentlessUpgradeEngine, TakesTheConfigurationBeforeThePromptShowsThePagesAnew) {

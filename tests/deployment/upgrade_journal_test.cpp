@@ -5,7 +5,6 @@
 namespace varnhold::deployment {
 namespace {
 
-const std::string kDone = "Upgraded successfully";
 const std::string kVhagent = R"(C:\VARNHOLD\RemoteInstaller\remins\vhagent)";
 const std::string kNoInstallPath =
     "RegQueryValueEx " + std::string(core::kAgentKey) + R"(\InstallPath -> KeyMissing)";
@@ -78,9 +77,11 @@ class UpgradeJournal : public UpgradeJournalTest {
                 " -> " + std::to_string(thread)};
   }
   static Lines upgraded(const std::string& name, int thread, int mark, int polls = 0) {
-    return row(
-        name, mark,
-        {started(name, thread), runs(thread, polls, mark - 33), ends(thread, 1700), {status(name, kDone)}});
+    return row(name, mark,
+               {started(name, thread),
+                runs(thread, polls, mark - 33),
+                ends(thread, 1700),
+                {status(name, kUpgraded)}});
   }
   static Lines begins() { return {"Pointer 13", kResetLog}; }
 };
@@ -90,7 +91,7 @@ TEST_F(UpgradeJournal, OfTwelveComputersEachWithItsOwnOutcome) {
   run();
   expectJournal(
       {begins(),
-       row("HOST01", 8, {started("HOST01", 7), ends(7, 1700), {status("HOST01", kDone)}}),
+       row("HOST01", 8, {started("HOST01", 7), ends(7, 1700), {status("HOST01", kUpgraded)}}),
        row("MANAGER", 16, {{status("MANAGER", kLocal)}}),
        row("HOST03", 24, {skippedAgentless("HOST03")}),
        row("HOST04", 32, {withoutAgent("HOST04")}),
@@ -98,11 +99,12 @@ TEST_F(UpgradeJournal, OfTwelveComputersEachWithItsOwnOutcome) {
        row("HOST06", 48, {started("HOST06", 0), fault("HOST06", kNotStarted)}),
        row("HOST07", 56, {doubted("HOST07", "No")}),
        row("HOST08", 64,
-           {doubted("HOST08", "Yes"), started("HOST08", 9), ends(9, 1700), {status("HOST08", kDone)}}),
+           {doubted("HOST08", "Yes"), started("HOST08", 9), ends(9, 1700), {status("HOST08", kUpgraded)}}),
        row("HOST09", 72, {doubted("HOST09", "Yes")}),
        row("HOST10", 80, {}),
-       row("HOST11", 88, {started("HOST11", 10), runs(10, 2, 80), ends(10, 1700), {status("HOST11", kDone)}}),
-       row("HOST12", 96, {started("HOST12", 11), ends(11, 1700), {status("HOST12", kDone)}}),
+       row("HOST11", 88,
+           {started("HOST11", 10), runs(10, 2, 80), ends(10, 1700), {status("HOST11", kUpgraded)}}),
+       row("HOST12", 96, {started("HOST12", 11), ends(11, 1700), {status("HOST12", kUpgraded)}}),
        {"Pointer 0"}});
 }
 
@@ -168,7 +170,7 @@ class OverIPUpgradeJournal : public UpgradeJournalTest {
   }
   /// The check of the version in one round, its thread being the one behind the job's.
   static Lines confirmed(const std::string& name, int thread) {
-    return together({{kNoInstallPath}, checks(name, thread), ends(thread, 4000), {status(name, kDone)}});
+    return together({{kNoInstallPath}, checks(name, thread), ends(thread, 4000), {status(name, kUpgraded)}});
   }
   static Lines upgraded(const std::string& name, int thread, int mark) {
     return row(name, mark, {started(name, thread), ends(thread, 4000), confirmed(name, thread + 1)});
@@ -183,7 +185,7 @@ class OverIPUpgradeJournal : public UpgradeJournalTest {
                 checks(name, thread + 1),
                 runs(thread + 1, 1, mark - 32),
                 ends(thread + 1, 4000),
-                {status(name, kDone)}});
+                {status(name, kUpgraded)}});
   }
   static Lines begins() {
     return {"Pointer 13", kResetLog,
@@ -222,7 +224,7 @@ TEST_F(OverIPUpgradeJournal, OfTwelveComputersEachWithItsOwnOutcome) {
             checks("HOST11", 13),
             runs(13, 2, 82),
             ends(13, 4000),
-            {status("HOST11", kDone)}}),
+            {status("HOST11", kUpgraded)}}),
        row("HOST12", 96,
            {started("HOST12", 14), ends(14, 4000), rounds,
             fault("HOST12", "Failed to check version. Failed to check agent version.")}),

@@ -1,5 +1,6 @@
 #include "inventory/frmDetails.h"
 
+#include "tests/fakes/lines_are.h"
 #include "tests/inventory/inventory_fixture.h"
 
 namespace varnhold::inventory {
@@ -48,7 +49,7 @@ TEST_F(ComputerDetailsTest, ShowTheSelectedComputer) {
     EXPECT_EQ(form.ActiveControl(), &form.cmdOK);
     form.cmdOK.userClick();
   });
-  EXPECT_THAT(fake.journal, ElementsAre("Show modal frmDetails", kLook, "Close frmDetails"));
+  EXPECT_THAT(fake.journal, LinesAre({"Show modal frmDetails", kLook, "Close frmDetails"}));
 }
 
 TEST_F(ComputerDetailsTest, ShowNoComputerWhereNoRowHasTheFocus) {
@@ -123,8 +124,8 @@ TEST_F(ComputerDetailsTest, TellThatTheComputerWasRemovedMeanwhileAndLeaveTheLis
     form.cmdOK.userClick();
   });
   EXPECT_THAT(fake.journal,
-              ElementsAre("Show modal frmDetails", kLook, kLook,
-                          "MessageBox information: Could not update the description.", "Close frmDetails"));
+              LinesAre({"Show modal frmDetails", kLook, kLook,
+                        "MessageBox information: Could not update the description.", "Close frmDetails"}));
   EXPECT_EQ(item->SubItems(2).get(), "-none-");
 }
 
@@ -181,11 +182,11 @@ TEST_F(GroupDetailsTest, ShowTheRule) {
     form.cmdOK.userClick();
   });
   EXPECT_THAT(fake.journal,
-              ElementsAre("Show modal frmDetails",
-                          "SQL: SELECT * FROM System_Group_Master, System_Group_Detail WHERE "
-                          "System_Group_Master.Group_Name = 'Web' AND System_Group_Master.Group_Name = "
-                          "System_Group_Detail.Group_Name",
-                          "Close frmDetails"));
+              LinesAre({"Show modal frmDetails",
+                        "SQL: SELECT * FROM System_Group_Master, System_Group_Detail WHERE "
+                        "System_Group_Master.Group_Name = 'Web' AND System_Group_Master.Group_Name = "
+                        "System_Group_Detail.Group_Name",
+                        "Close frmDetails"}));
 }
 
 TEST_F(GroupDetailsTest, NameTheClassByTheTableOfTypes) {
@@ -217,7 +218,7 @@ TEST_F(GroupDetailsTest, ShowTheRootWithoutAskingTheInventory) {
     EXPECT_EQ(form.lblOS.Caption, "All");
     form.cmdOK.userClick();
   });
-  EXPECT_THAT(fake.journal, ElementsAre("Show modal frmDetails", "Close frmDetails"));
+  EXPECT_THAT(fake.journal, LinesAre({"Show modal frmDetails", "Close frmDetails"}));
 }
 
 TEST_F(GroupDetailsTest, WriteNothingWhateverIsTyped) {

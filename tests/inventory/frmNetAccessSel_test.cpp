@@ -1,5 +1,6 @@
 #include "inventory/frmNetAccessSel.h"
 
+#include "tests/fakes/lines_are.h"
 #include "tests/inventory/inventory_fixture.h"
 
 namespace varnhold::inventory {
@@ -37,7 +38,7 @@ TEST_F(NetAccessTest, PreselectsAutomaticAtTheFirstStartAndTellsWhereToFindIt) {
   EXPECT_EQ(form.lblInfo.Caption,
             "Select how Varnhold - System Manager should add Computers from your network. You can access and "
             "modify this setting anytime from\r[Options | Select 'Auto Discover' Mode]");
-  EXPECT_THAT(fake.journal, ElementsAre("qrvGetNetAccessMode -> 0"));
+  EXPECT_THAT(fake.journal, LinesAre({"qrvGetNetAccessMode -> 0"}));
 }
 
 TEST_F(NetAccessTest, SaysLessOnceTheConsoleIsVisible) {
@@ -63,8 +64,8 @@ TEST_F(NetAccessTest, StoresTheChoiceAndKeepsItForTheConsole) {
   openConsole();
   ui.nextModal("frmNetAccessSel", [&](ui::Form&) { form.cmdOK.userClick(); });
   form.ShowModal();
-  EXPECT_THAT(fake.journal, ElementsAre("qrvGetNetAccessMode -> 0", "Show modal frmNetAccessSel",
-                                        "qrvSetNetAccessMode 1 -> 1", "Close frmNetAccessSel"));
+  EXPECT_THAT(fake.journal, LinesAre({"qrvGetNetAccessMode -> 0", "Show modal frmNetAccessSel",
+                                      "qrvSetNetAccessMode 1 -> 1", "Close frmNetAccessSel"}));
   EXPECT_TRUE(form.AutoDiscover);
   EXPECT_FALSE(form.isLoaded());
 }
@@ -89,9 +90,9 @@ TEST_F(NetAccessTest, EndsTheEnumerationWhenTheOperatorChangesToManual) {
     form.cmdOK.userClick();
   });
   form.ShowModal();
-  EXPECT_THAT(fake.journal, ElementsAre("qrvGetNetAccessMode -> 1 mode 1", "Show modal frmNetAccessSel",
-                                        "Close frmNetAccessSel", kManualBox, "TerminateThread 7 0",
-                                        "qrvSetNetAccessMode 0 -> 1"));
+  EXPECT_THAT(fake.journal, LinesAre({"qrvGetNetAccessMode -> 1 mode 1", "Show modal frmNetAccessSel",
+                                      "Close frmNetAccessSel", kManualBox, "TerminateThread 7 0",
+                                      "qrvSetNetAccessMode 0 -> 1"}));
   EXPECT_EQ(program.gEnumThread, 0u);
   EXPECT_THAT(fake.threads.openHandles(), ElementsAre(7u));
   EXPECT_FALSE(form.AutoDiscover);
@@ -105,8 +106,8 @@ TEST_F(NetAccessTest, TerminatesNothingWhereNoEnumerationRuns) {
     form.cmdOK.userClick();
   });
   form.ShowModal();
-  EXPECT_THAT(fake.journal, ElementsAre("qrvGetNetAccessMode -> 1 mode 1", "Show modal frmNetAccessSel",
-                                        "Close frmNetAccessSel", kManualBox, "qrvSetNetAccessMode 0 -> 1"));
+  EXPECT_THAT(fake.journal, LinesAre({"qrvGetNetAccessMode -> 1 mode 1", "Show modal frmNetAccessSel",
+                                      "Close frmNetAccessSel", kManualBox, "qrvSetNetAccessMode 0 -> 1"}));
 }
 
 TEST_F(NetAccessTest, SaysNothingWhenTheModeWasManualAlready) {
@@ -115,8 +116,8 @@ TEST_F(NetAccessTest, SaysNothingWhenTheModeWasManualAlready) {
   program.gEnumThread = fake.threads.start(1000, 1'000);
   ui.nextModal("frmNetAccessSel", [&](ui::Form&) { form.cmdOK.userClick(); });
   form.ShowModal();
-  EXPECT_THAT(fake.journal, ElementsAre("qrvGetNetAccessMode -> 1 mode 0", "Show modal frmNetAccessSel",
-                                        "qrvSetNetAccessMode 0 -> 1", "Close frmNetAccessSel"));
+  EXPECT_THAT(fake.journal, LinesAre({"qrvGetNetAccessMode -> 1 mode 0", "Show modal frmNetAccessSel",
+                                      "qrvSetNetAccessMode 0 -> 1", "Close frmNetAccessSel"}));
   EXPECT_EQ(program.gEnumThread, 7u);
 }
 
@@ -126,8 +127,8 @@ TEST_F(NetAccessTest, SaysNothingAtTheFirstStart) {
     form.cmdOK.userClick();
   });
   form.ShowModal();
-  EXPECT_THAT(fake.journal, ElementsAre("qrvGetNetAccessMode -> 0", "Show modal frmNetAccessSel",
-                                        "qrvSetNetAccessMode 0 -> 1", "Close frmNetAccessSel"));
+  EXPECT_THAT(fake.journal, LinesAre({"qrvGetNetAccessMode -> 0", "Show modal frmNetAccessSel",
+                                      "qrvSetNetAccessMode 0 -> 1", "Close frmNetAccessSel"}));
 }
 
 TEST_F(NetAccessTest, TellsWhenTheChoiceCannotBeStoredAndKeepsItForThisRun) {
@@ -137,9 +138,9 @@ TEST_F(NetAccessTest, TellsWhenTheChoiceCannotBeStoredAndKeepsItForThisRun) {
   form.ShowModal();
   EXPECT_THAT(
       fakes::linesOf(fake.journal, "MessageBox"),
-      ElementsAre("MessageBox exclamation: Could not save your selection because access to the registry "
-                  "was denied.<CR>This could cause the application to ask you to set the setting "
-                  "everytime you start the Varnhold - System Manager."));
+      LinesAre({"MessageBox exclamation: Could not save your selection because access to the registry "
+                "was denied.<CR>This could cause the application to ask you to set the setting "
+                "everytime you start the Varnhold - System Manager."}));
   EXPECT_TRUE(form.AutoDiscover);
 }
 

@@ -1,5 +1,6 @@
 #include "inventory/frmSystemType.h"
 
+#include "tests/fakes/lines_are.h"
 #include "tests/inventory/inventory_fixture.h"
 
 namespace varnhold::inventory {
@@ -43,16 +44,16 @@ TEST_F(SystemTypeTest, ShowsTheSelectedComputer) {
     EXPECT_EQ(form.cmbSysType.ListIndex, -1);
     form.cmdOK.userClick();
   });
-  EXPECT_THAT(fake.journal, ElementsAre("Show modal frmSystemType", kLook, "Close frmSystemType"));
+  EXPECT_THAT(fake.journal, LinesAre({"Show modal frmSystemType", kLook, "Close frmSystemType"}));
 }
 
 TEST_F(SystemTypeTest, OffersNineTypesInTheirOrder) {
   Lines types;
   for (int i = 0; i < form.cmbSysType.ListCount(); ++i) types.push_back(form.cmbSysType.List(i));
   EXPECT_THAT(types,
-              ElementsAre("Windows NT - Workstation", "Windows 2000 - Professional", "Windows 2000 - Server",
-                          "Windows 2000 - Advanced Server", "Windows NT - Cluster", "Windows XP",
-                          "Windows 2003 - Server", "Sun Solaris (BSM)", "SysLog System"));
+              LinesAre({"Windows NT - Workstation", "Windows 2000 - Professional", "Windows 2000 - Server",
+                        "Windows 2000 - Advanced Server", "Windows NT - Cluster", "Windows XP",
+                        "Windows 2003 - Server", "Sun Solaris (BSM)", "SysLog System"}));
 }
 
 TEST_F(SystemTypeTest, ShowsThatANameDoesNotResolveOrIsNotThere) {
@@ -114,9 +115,9 @@ TEST_F(SystemTypeTest, TellsThatTheComputerWasRemovedMeanwhileAndLeavesTheList) 
     choose("Windows XP");
     form.cmdOK.userClick();
   });
-  EXPECT_THAT(fake.journal, ElementsAre("Show modal frmSystemType", kLook, kLook,
-                                        "MessageBox information: Could not update the system type.",
-                                        "Close frmSystemType"));
+  EXPECT_THAT(fake.journal,
+              LinesAre({"Show modal frmSystemType", kLook, kLook,
+                        "MessageBox information: Could not update the system type.", "Close frmSystemType"}));
   EXPECT_EQ(item->SubItems(1).get(), "Windows 2000 - Server");
 }
 

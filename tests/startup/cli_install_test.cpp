@@ -1,5 +1,6 @@
 // One computer's install: what is asked of the library and the inventory, in order, and what the log says.
 #include "base/runtime_error.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/startup/installer_fixture.h"
 
 namespace varnhold::startup {
@@ -37,17 +38,19 @@ TEST_F(CliInstallTest, InstallsOnAnUnknownComputerStepByStep) {
   install();
   EXPECT_THAT(
       fake.journal,
-      ElementsAre(
-          "qrvGetSystemIPAddress HOST1 -> 1", kFindSystem, "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1",
-          "qrvUpdateSystemDetailsInDB HOST1 -> 1", "qrvGetSystemIPAddress HOST1 -> 1", kIni + "1 -> 1",
-          R"(qrvCCreateConfigurationFile C:\I\RemoteInstaller\remins HOST1 C:\A 1 -> 1)",
-          R"(qrvCInstall [SystemName=HOST1, InstallDirectory=C:\A, AgentMode=1] C:\I\RemoteInstaller\remins -> 7)",
-          "GetExitCodeThread 7 -> 1150", "CloseHandle 7", logged("HOST1: Installed successfully"), kFindAgent,
-          "SQL: INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual,Agentless) "
-          "VALUES "
-          "('HOST1', 1, 'C:\\A', 0, 0)"));
-  EXPECT_THAT(inventory.computers(), ElementsAre("HOST1|7"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\A|0|0)"));
+      LinesAre(
+          {"qrvGetSystemIPAddress HOST1 -> 1", kFindSystem,
+           "qrvFindSystemAndReturnDetails HOST1 level 1 -> 1", "qrvUpdateSystemDetailsInDB HOST1 -> 1",
+           "qrvGetSystemIPAddress HOST1 -> 1", kIni + "1 -> 1",
+           R"(qrvCCreateConfigurationFile C:\I\RemoteInstaller\remins HOST1 C:\A 1 -> 1)",
+           R"(qrvCInstall [SystemName=HOST1, InstallDirectory=C:\A, AgentMode=1] C:\I\RemoteInstaller\remins -> 7)",
+           "GetExitCodeThread 7 -> 1150", "CloseHandle 7", logged("HOST1: Installed successfully"),
+           kFindAgent,
+           "SQL: INSERT INTO Module_Table (System_Name, Module_ID, Install_Directory, Manual,Agentless) "
+           "VALUES "
+           "('HOST1', 1, 'C:\\A', 0, 0)"}));
+  EXPECT_THAT(inventory.computers(), LinesAre({"HOST1|7"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\A|0|0)"}));
 }
 
 TEST_F(CliInstallTest, DoesNotLookForAKnownComputerAndUpdatesItsAgentsRow) {
@@ -55,22 +58,22 @@ TEST_F(CliInstallTest, DoesNotLookForAKnownComputerAndUpdatesItsAgentsRow) {
   inventory.addAgent("HOST1", 1);
   install();
   EXPECT_THAT(libraryCalls(),
-              ElementsAre("qrvGetSystemIPAddress", "qrvGetSystemIPAddress",
-                          "qrvCReadNWriteVhaConfigINI4Turbo", "qrvCCreateConfigurationFile", "qrvCInstall"));
+              LinesAre({"qrvGetSystemIPAddress", "qrvGetSystemIPAddress", "qrvCReadNWriteVhaConfigINI4Turbo",
+                        "qrvCCreateConfigurationFile", "qrvCInstall"}));
   EXPECT_THAT(
       statements(),
-      ElementsAre(kFindSystem, kFindAgent,
-                  "SQL: UPDATE Module_Table SET Install_Directory =  'C:\\A', Manual = 0 WHERE System_Name = "
-                  "'HOST1' AND Module_ID = 1 AND Agentless = 0"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\A|0|0)"));
+      LinesAre({kFindSystem, kFindAgent,
+                "SQL: UPDATE Module_Table SET Install_Directory =  'C:\\A', Manual = 0 WHERE System_Name = "
+                "'HOST1' AND Module_ID = 1 AND Agentless = 0"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\A|0|0)"}));
 }
 
 TEST_F(CliInstallTest, LeavesAnAgentlessRowAsItIs) {
   knowHost1();
   inventory.addAgent("HOST1", 1, 1);
   install();
-  EXPECT_THAT(log(), ElementsAre("HOST1: Installed successfully"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\OLD|0|1)"));
+  EXPECT_THAT(log(), LinesAre({"HOST1: Installed successfully"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\OLD|0|1)"}));
 }
 
 TEST_F(CliInstallTest, AddsARowBesideThoseOfOtherModules) {
@@ -79,21 +82,21 @@ TEST_F(CliInstallTest, AddsARowBesideThoseOfOtherModules) {
   inventory.addAgent("HOST1", 5);
   install();
   EXPECT_THAT(inventory.agents(),
-              ElementsAre(R"(HOST1|1|C:\A|0|0)", R"(HOST1|2|C:\OLD|0|0)", R"(HOST1|5|C:\OLD|0|0)"));
+              LinesAre({R"(HOST1|1|C:\A|0|0)", R"(HOST1|2|C:\OLD|0|0)", R"(HOST1|5|C:\OLD|0|0)"}));
 }
 
 TEST_F(CliInstallTest, PollsTheJobEvery200Milliseconds) {
   host1().polls = 2;
   install();
   EXPECT_THAT(fakes::linesWithout(fake.journal, {"qrv", "SQL", "append"}),
-              ElementsAre("GetExitCodeThread 7 -> 259", "Sleep 200", "GetExitCodeThread 7 -> 259",
-                          "Sleep 200", "GetExitCodeThread 7 -> 1150", "CloseHandle 7"));
+              LinesAre({"GetExitCodeThread 7 -> 259", "Sleep 200", "GetExitCodeThread 7 -> 259", "Sleep 200",
+                        "GetExitCodeThread 7 -> 1150", "CloseHandle 7"}));
 }
 
 TEST_F(CliInstallTest, LeavesTheHandleOpenWhenThePollFails) {
   fake.threads.failsGetExitCode = true;
   install();
-  EXPECT_THAT(log(), ElementsAre(failed("Unknown error.")));
+  EXPECT_THAT(log(), LinesAre({failed("Unknown error.")}));
   EXPECT_EQ(fake.threads.openHandles().size(), 1u);
 }
 
@@ -101,8 +104,8 @@ TEST_F(CliInstallTest, SkipsTheManagersOwnComputerInAnyCase) {
   install("Manager");
   EXPECT_THAT(
       fake.journal,
-      ElementsAre(logged("Skipped: Manager - Manager (local computer). Varnhold Agent cannot be installed on "
-                         "local system. Because Manager is running on this system.")));
+      LinesAre({logged("Skipped: Manager - Manager (local computer). Varnhold Agent cannot be installed on "
+                       "local system. Because Manager is running on this system.")}));
 }
 
 TEST_F(CliInstallTest, GoesOnUnderTheNameThatTheLibraryWritesBack) {
@@ -112,30 +115,30 @@ TEST_F(CliInstallTest, GoesOnUnderTheNameThatTheLibraryWritesBack) {
       fakes::linesOf(fake.journal, "qrvCInstall"),
       ElementsAre(StartsWith(R"(qrvCInstall [SystemName=10.1.1.1, InstallDirectory=C:\A, AgentMode=1])")));
   EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCCreateConfigurationFile"),
-              ElementsAre(R"(qrvCCreateConfigurationFile C:\I\RemoteInstaller\remins HOST1 C:\A 1 -> 1)"));
-  EXPECT_THAT(log(), ElementsAre("HOST1: Installed successfully"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\A|0|0)"));
+              LinesAre({R"(qrvCCreateConfigurationFile C:\I\RemoteInstaller\remins HOST1 C:\A 1 -> 1)"}));
+  EXPECT_THAT(log(), LinesAre({"HOST1: Installed successfully"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\A|0|0)"}));
 }
 
 TEST_F(CliInstallTest, RecordsThePathUpToItsFirstNul) {
   CliInstall(program, "HOST1", std::string("C:\\A\0rest", 9));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\A|0|0)"));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\A|0|0)"}));
 }
 
 TEST_F(CliInstallTest, GivesUpOnAComputerThatDoesNotAnswer) {
   host1().answers = false;
   install();
   EXPECT_THAT(fake.journal,
-              ElementsAre("qrvGetSystemIPAddress HOST1 -> 1", kFindSystem,
-                          "qrvFindSystemAndReturnDetails HOST1 level 1 -> 0", logged(kNotResponding)));
+              LinesAre({"qrvGetSystemIPAddress HOST1 -> 1", kFindSystem,
+                        "qrvFindSystemAndReturnDetails HOST1 level 1 -> 0", logged(kNotResponding)}));
 }
 
 TEST_F(CliInstallTest, GivesUpOnAComputerThatCannotBeStored) {
   host1().canBeStored = false;
   install();
-  EXPECT_THAT(libraryCalls(), ElementsAre("qrvGetSystemIPAddress", "qrvFindSystemAndReturnDetails",
-                                          "qrvUpdateSystemDetailsInDB"));
-  EXPECT_THAT(log(), ElementsAre(kNotResponding));
+  EXPECT_THAT(libraryCalls(), LinesAre({"qrvGetSystemIPAddress", "qrvFindSystemAndReturnDetails",
+                                        "qrvUpdateSystemDetailsInDB"}));
+  EXPECT_THAT(log(), LinesAre({kNotResponding}));
 }
 
 TEST_F(CliInstallTest, StartsNoJobWhenTheNameDoesNotResolve) {
@@ -143,15 +146,15 @@ TEST_F(CliInstallTest, StartsNoJobWhenTheNameDoesNotResolve) {
   host1().address.reset();
   install();
   EXPECT_THAT(fake.journal,
-              ElementsAre("qrvGetSystemIPAddress HOST1 -> 0", kFindSystem, "qrvGetSystemIPAddress HOST1 -> 0",
-                          logged(failed("Could not resolve the IP Address for the system."))));
+              LinesAre({"qrvGetSystemIPAddress HOST1 -> 0", kFindSystem, "qrvGetSystemIPAddress HOST1 -> 0",
+                        logged(failed("Could not resolve the IP Address for the system."))}));
 }
 
 TEST_F(CliInstallTest, StartsNoJobWhenTheAgentsSettingsCannotBeEdited) {
   fake.libraries.iniEdits = false;
   install();
   EXPECT_EQ(libraryCalls().back(), "qrvCReadNWriteVhaConfigINI4Turbo");
-  EXPECT_THAT(log(), ElementsAre(kUnknown710));
+  EXPECT_THAT(log(), LinesAre({kUnknown710}));
   EXPECT_THAT(inventory.agents(), IsEmpty());
 }
 
@@ -161,7 +164,7 @@ TEST_F(CliInstallTest, StartsNoJobWithoutConfigurationFile) {
     fake.files.remove(kLog);
     install();
     EXPECT_EQ(libraryCalls().back(), "qrvCCreateConfigurationFile");
-    EXPECT_THAT(log(), ElementsAre(failed("Could not create the configuration file on the local system.")));
+    EXPECT_THAT(log(), LinesAre({failed("Could not create the configuration file on the local system.")}));
   }
 }
 
@@ -169,7 +172,7 @@ TEST_F(CliInstallTest, TurnsAMissingThreadInto710) {
   host1().startsThreads = false;
   install();
   EXPECT_THAT(fakes::linesOf(fake.journal, "GetExitCodeThread"), IsEmpty());
-  EXPECT_THAT(log(), ElementsAre(kUnknown710));
+  EXPECT_THAT(log(), LinesAre({kUnknown710}));
 }
 
 TEST_F(CliInstallTest, TakesTheTwoWarningsAsSuccesses) {
@@ -181,8 +184,8 @@ TEST_F(CliInstallTest, TakesTheTwoWarningsAsSuccesses) {
     host1().installExit = exitCode;
     fake.files.remove(kLog);
     install();
-    EXPECT_THAT(log(), ElementsAre(std::string("HOST1: Installed successfully. Warning: ") + words));
-    EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\A|0|0)"));
+    EXPECT_THAT(log(), LinesAre({std::string("HOST1: Installed successfully. Warning: ") + words}));
+    EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\A|0|0)"}));
   }
 }
 
@@ -198,7 +201,7 @@ TEST_F(CliInstallTest, WordsEveryOtherResultAsAFailureAndRecordsNothing) {
     host1().installExit = exitCode;
     fake.files.remove(kLog);
     install();
-    EXPECT_THAT(log(), ElementsAre(failed(words)));
+    EXPECT_THAT(log(), LinesAre({failed(words)}));
   }
   EXPECT_THAT(inventory.agents(), IsEmpty());
 }
@@ -206,19 +209,19 @@ TEST_F(CliInstallTest, WordsEveryOtherResultAsAFailureAndRecordsNothing) {
 TEST_F(CliInstallTest, PreparesHighPerformanceModeForActionFourButStartsNothing) {
   program.gCliAction = 4;
   install();
-  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCReadNWrite"), ElementsAre(kIni + "5 -> 1"));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCReadNWrite"), LinesAre({kIni + "5 -> 1"}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCCreate"),
-              ElementsAre(R"(qrvCCreateConfigurationFile C:\I\RemoteInstaller\remins HOST1 C:\A 5 -> 1)"));
+              LinesAre({R"(qrvCCreateConfigurationFile C:\I\RemoteInstaller\remins HOST1 C:\A 5 -> 1)"}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCInstall"), IsEmpty());
-  EXPECT_THAT(log(), ElementsAre(kUnknown710));
+  EXPECT_THAT(log(), LinesAre({kUnknown710}));
 }
 
 TEST_F(CliInstallTest, TakesModeZeroForAnyOtherAction) {
   program.gCliAction = 3;
   install();
-  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCReadNWrite"), ElementsAre(kIni + "1 -> 1"));
+  EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCReadNWrite"), LinesAre({kIni + "1 -> 1"}));
   EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCCreate"),
-              ElementsAre(R"(qrvCCreateConfigurationFile C:\I\RemoteInstaller\remins HOST1 C:\A 0 -> 1)"));
+              LinesAre({R"(qrvCCreateConfigurationFile C:\I\RemoteInstaller\remins HOST1 C:\A 0 -> 1)"}));
 }
 
 TEST_F(CliInstallTest, UsesAnEmptyFolderWhenTheInstallPathIsUnknown) {
@@ -233,8 +236,8 @@ TEST_F(CliInstallTest, UsesAnEmptyFolderWhenTheInstallPathIsUnknown) {
 TEST_F(CliInstallTest, ResumesAfterAnErrorWhileTheNameIsResolved) {
   raiseFrom("qrvGetSystemIPAddress");
   install();
-  EXPECT_THAT(log(), ElementsAre(erred("53 Descr: No library."), erred("53 Descr: No library."),
-                                 failed("Could not resolve the IP Address for the system.")));
+  EXPECT_THAT(log(), LinesAre({erred("53 Descr: No library."), erred("53 Descr: No library."),
+                               failed("Could not resolve the IP Address for the system.")}));
   EXPECT_EQ(libraryCalls().back(), "qrvGetSystemIPAddress");
 }
 
@@ -245,7 +248,7 @@ TEST_F(CliInstallTest, TakesAnErrorWhileTheComputerIsRegisteredForNoAnswer) {
     fake.files.remove(kLog);
     install();
     EXPECT_EQ(libraryCalls().back(), function);
-    EXPECT_THAT(log(), ElementsAre(erred("53 Descr: No library."), kNotResponding));
+    EXPECT_THAT(log(), LinesAre({erred("53 Descr: No library."), kNotResponding}));
   }
 }
 
@@ -261,7 +264,7 @@ TEST_F(CliInstallTest, TakesAnErrorInAPreparationForItsFailure) {
     fake.files.remove(kLog);
     install();
     EXPECT_EQ(libraryCalls().back(), function);
-    EXPECT_THAT(log(), ElementsAre(erred("53 Descr: No library."), words));
+    EXPECT_THAT(log(), LinesAre({erred("53 Descr: No library."), words}));
   }
 }
 
@@ -294,7 +297,7 @@ TEST_F(CliInstallTest, LogsAnErrorOfTheLogAndGoesOn) {
   fake.files.refuseSome(kLog, 0, 1, platform::FileOutcome::Full);
   install();
   EXPECT_THAT(log(), ElementsAre(AllOf(StartsWith(erred("61 Descr: ")), testing::HasSubstr(kLog))));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\A|0|0)"));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\A|0|0)"}));
 }
 
 TEST_F(CliInstallTest, RaisesWhenItsErrorCannotBeLogged) {

@@ -1,5 +1,6 @@
 // One computer's uninstall: what is asked of the library and the inventory, in order, and what the log says.
 #include "base/runtime_error.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/startup/installer_fixture.h"
 
 namespace varnhold::startup {
@@ -26,13 +27,13 @@ TEST_F(CliUninstallTest, UninstallsStepByStep) {
   uninstall();
   EXPECT_THAT(
       fake.journal,
-      ElementsAre(
-          "qrvGetSystemIPAddress HOST1 -> 1",
-          "SQL: SELECT * FROM Module_Table WHERE (System_Name = 'HOST1' AND Module_ID = 1)",
-          R"(qrvCUninstall [SystemName=\\HOST1] C:\I\RemoteInstaller\remins -> 7)",
-          "GetExitCodeThread 7 -> 1152", "CloseHandle 7",
-          "SQL: DELETE FROM Module_Table WHERE System_Name = 'HOST1' AND (Module_ID = 1 OR Module_ID = 5)",
-          logged("HOST1: Agent uninstalled successfully.")));
+      LinesAre(
+          {"qrvGetSystemIPAddress HOST1 -> 1",
+           "SQL: SELECT * FROM Module_Table WHERE (System_Name = 'HOST1' AND Module_ID = 1)",
+           R"(qrvCUninstall [SystemName=\\HOST1] C:\I\RemoteInstaller\remins -> 7)",
+           "GetExitCodeThread 7 -> 1152", "CloseHandle 7",
+           "SQL: DELETE FROM Module_Table WHERE System_Name = 'HOST1' AND (Module_ID = 1 OR Module_ID = 5)",
+           logged("HOST1: Agent uninstalled successfully.")}));
   EXPECT_THAT(inventory.agents(), IsEmpty());
 }
 
@@ -40,8 +41,8 @@ TEST_F(CliUninstallTest, ForgetsBothModesAndNoOtherAgentOrComputer) {
   for (const int module : {1, 2, 5}) inventory.addAgent("HOST1", module);
   inventory.addAgent("HOST2", 1);
   uninstall();
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|2|C:\OLD|0|0)", R"(HOST2|1|C:\OLD|0|0)"));
-  EXPECT_THAT(inventory.computers(), ElementsAre("HOST1|7"));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|2|C:\OLD|0|0)", R"(HOST2|1|C:\OLD|0|0)"}));
+  EXPECT_THAT(inventory.computers(), LinesAre({"HOST1|7"}));
 }
 
 TEST_F(CliUninstallTest, TellsTheLibraryThatTheAgentIsAgentless) {
@@ -49,7 +50,7 @@ TEST_F(CliUninstallTest, TellsTheLibraryThatTheAgentIsAgentless) {
   uninstall();
   EXPECT_THAT(
       fakes::linesOf(fake.journal, "qrvCUninstall"),
-      ElementsAre(R"(qrvCUninstall [SystemName=\\HOST1, AgentKind=1] C:\I\RemoteInstaller\remins -> 7)"));
+      LinesAre({R"(qrvCUninstall [SystemName=\\HOST1, AgentKind=1] C:\I\RemoteInstaller\remins -> 7)"}));
 }
 
 TEST_F(CliUninstallTest, PollsTheJobEvery200Milliseconds) {
@@ -57,14 +58,14 @@ TEST_F(CliUninstallTest, PollsTheJobEvery200Milliseconds) {
   uninstall();
   EXPECT_THAT(
       fakes::linesWithout(fake.journal, {"qrv", "SQL", "append"}),
-      ElementsAre("GetExitCodeThread 7 -> 259", "Sleep 200", "GetExitCodeThread 7 -> 1152", "CloseHandle 7"));
+      LinesAre({"GetExitCodeThread 7 -> 259", "Sleep 200", "GetExitCodeThread 7 -> 1152", "CloseHandle 7"}));
 }
 
 TEST_F(CliUninstallTest, SkipsTheManagersOwnComputerInAnyCase) {
   uninstall("manager");
   EXPECT_THAT(fake.journal,
-              ElementsAre(logged("Uninstallation skipped for manager. Because Varnhold Manager is "
-                                 "running on this system.")));
+              LinesAre({logged("Uninstallation skipped for manager. Because Varnhold Manager is "
+                               "running on this system.")}));
 }
 
 TEST_F(CliUninstallTest, GoesOnUnderTheNameThatTheLibraryWritesBack) {
@@ -80,7 +81,7 @@ TEST_F(CliUninstallTest, GoesOnWithTheNameAsItIsWhenItDoesNotResolve) {
   host1().address.reset();
   uninstall(std::string("HOST1\0X", 7));
   EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCUninstall"),
-              ElementsAre(R"(qrvCUninstall [SystemName=\\HOST1<NUL>X] C:\I\RemoteInstaller\remins -> 7)"));
+              LinesAre({R"(qrvCUninstall [SystemName=\\HOST1<NUL>X] C:\I\RemoteInstaller\remins -> 7)"}));
 }
 
 TEST_F(CliUninstallTest, LeavesTheResultOfAMissingThreadAtZero) {
@@ -88,8 +89,8 @@ TEST_F(CliUninstallTest, LeavesTheResultOfAMissingThreadAtZero) {
   host1().startsThreads = false;
   uninstall();
   EXPECT_THAT(fakes::linesOf(fake.journal, "GetExitCodeThread"), IsEmpty());
-  EXPECT_THAT(log(), ElementsAre(failed("Unknown error.")));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\OLD|0|0)"));
+  EXPECT_THAT(log(), LinesAre({failed("Unknown error.")}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\OLD|0|0)"}));
 }
 
 TEST_F(CliUninstallTest, WordsEveryOtherResultAsAFailureAndKeepsTheRow) {
@@ -103,15 +104,15 @@ TEST_F(CliUninstallTest, WordsEveryOtherResultAsAFailureAndKeepsTheRow) {
     host1().uninstallExit = exitCode;
     fake.files.remove(kLog);
     uninstall();
-    EXPECT_THAT(log(), ElementsAre(failed(words)));
+    EXPECT_THAT(log(), LinesAre({failed(words)}));
   }
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|C:\OLD|0|0)"));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|C:\OLD|0|0)"}));
 }
 
 TEST_F(CliUninstallTest, LeavesTheHandleOpenWhenThePollFails) {
   fake.threads.failsGetExitCode = true;
   uninstall();
-  EXPECT_THAT(log(), ElementsAre(failed("Unknown error.")));
+  EXPECT_THAT(log(), LinesAre({failed("Unknown error.")}));
   EXPECT_EQ(fake.threads.openHandles().size(), 1u);
 }
 
@@ -124,7 +125,7 @@ TEST_F(CliUninstallTest, GivesTheComputerUpAfterAnError) {
     fake.files.remove(kLog);
     uninstall();
     EXPECT_EQ(libraryCalls().back(), function);
-    EXPECT_THAT(log(), ElementsAre("Error occurred while installing agent on HOST1. Error:No library."));
+    EXPECT_THAT(log(), LinesAre({"Error occurred while installing agent on HOST1. Error:No library."}));
   }
 }
 

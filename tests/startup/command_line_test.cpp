@@ -5,11 +5,10 @@
 #include <algorithm>
 
 #include "base/runtime_error.h"
+#include "tests/fakes/lines_are.h"
 
 namespace varnhold::startup {
 namespace {
-
-using testing::ElementsAre;
 
 constexpr const char* kDefaultPath = R"(%Program Files%\Kelmont Works\Varnhold)";
 
@@ -102,51 +101,51 @@ TEST(CommandLine, RaisesForAPathInFrontOfTheTarget) {
 }
 
 TEST(ListFile, EndsLinesAtCrLfAndBoth) {
-  EXPECT_THAT(computersOfList("A\nB\r\nC\rD"), ElementsAre("A", "B", "C", "D", ""));
+  EXPECT_THAT(computersOfList("A\nB\r\nC\rD"), LinesAre({"A", "B", "C", "D", ""}));
 }
 
 TEST(ListFile, NeedsNoFinalNewlineAndCountsNoneTwice) {
-  EXPECT_THAT(computersOfList("A"), ElementsAre("A", ""));
-  EXPECT_THAT(computersOfList("A\r\n"), ElementsAre("A", ""));
+  EXPECT_THAT(computersOfList("A"), LinesAre({"A", ""}));
+  EXPECT_THAT(computersOfList("A\r\n"), LinesAre({"A", ""}));
 }
 
 TEST(ListFile, KeepsEmptyLinesAsEmptyNames) {
-  EXPECT_THAT(computersOfList("\r\n\nA\r\r"), ElementsAre("", "", "A", "", ""));
+  EXPECT_THAT(computersOfList("\r\n\nA\r\r"), LinesAre({"", "", "A", "", ""}));
 }
 
 TEST(ListFile, HasOneEmptyNameWhenItIsEmpty) {
-  EXPECT_THAT(computersOfList(""), ElementsAre(""));
+  EXPECT_THAT(computersOfList(""), LinesAre({""}));
 }
 
 TEST(ListFile, TrimsLinesButNotTheNamesAtCommas) {
-  EXPECT_THAT(computersOfList("  A \n\tB\t\n a , b "), ElementsAre("A", "\tB\t", "a ", " b", ""));
+  EXPECT_THAT(computersOfList("  A \n\tB\t\n a , b "), LinesAre({"A", "\tB\t", "a ", " b", ""}));
 }
 
 TEST(ListFile, CountsALineWithCommasAsSeveralComputers) {
-  EXPECT_THAT(computersOfList("a,b\n,\nc,"), ElementsAre("a", "b", "", "", "c", "", ""));
+  EXPECT_THAT(computersOfList("a,b\n,\nc,"), LinesAre({"a", "b", "", "", "c", "", ""}));
 }
 
 TEST(ListFile, KeepsLettersAsTheyAre) {
-  EXPECT_THAT(computersOfList("host1\nGröße\nO'Brien\n"), ElementsAre("host1", "Größe", "O'Brien", ""));
+  EXPECT_THAT(computersOfList("host1\nGröße\nO'Brien\n"), LinesAre({"host1", "Größe", "O'Brien", ""}));
 }
 
 TEST(ListFile, SkipsAByteOrderMark) {
-  EXPECT_THAT(computersOfList("\xEF\xBB\xBFHOST1\r\nHOST2"), ElementsAre("HOST1", "HOST2", ""));
-  EXPECT_THAT(computersOfList("\xEF\xBB\xBF"), ElementsAre(""));
+  EXPECT_THAT(computersOfList("\xEF\xBB\xBFHOST1\r\nHOST2"), LinesAre({"HOST1", "HOST2", ""}));
+  EXPECT_THAT(computersOfList("\xEF\xBB\xBF"), LinesAre({""}));
 }
 
 TEST(ListFile, ReadsUtf16WithAByteOrderMark) {
   const std::string bytes("\xFF\xFEH\0\xF6\0\r\0\n\0B\0x", 13);
-  EXPECT_THAT(computersOfList(bytes), ElementsAre("Hö", "B", ""));
+  EXPECT_THAT(computersOfList(bytes), LinesAre({"Hö", "B", ""}));
 }
 
 TEST(ListFile, KeepsNulBytes) {
-  EXPECT_THAT(computersOfList(std::string("A\0B\nC", 5)), ElementsAre(std::string("A\0B", 3), "C", ""));
+  EXPECT_THAT(computersOfList(std::string("A\0B\nC", 5)), LinesAre({std::string("A\0B", 3), "C", ""}));
 }
 
 TEST(ListFile, KeepsNamesOfAThousandCharacters) {
   const std::string name(1000, 'x');
-  EXPECT_THAT(computersOfList(name + "\r\n" + name), ElementsAre(name, name, ""));
+  EXPECT_THAT(computersOfList(name + "\r\n" + name), LinesAre({name, name, ""}));
 }
 
 TEST(ListFile, OfTenMegabytesGivesEveryName) {

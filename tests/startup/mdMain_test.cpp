@@ -5,6 +5,7 @@
 #include "base/runtime_error.h"
 #include "core/mdCommon.h"
 #include "tests/fakes/fake_host.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/fakes/test_inventory.h"
 
 namespace varnhold::startup {
@@ -31,9 +32,9 @@ TEST_F(MainTest, RunsTheConsoleOnAnEmptyCommandLine) {
   EXPECT_EQ(main(), 42);
   EXPECT_THAT(
       fake.journal,
-      ElementsAre("PreviousInstance Varnhold - System Manager -> no",
-                  R"(SetCurrentDirectory C:\VARNHOLD -> yes)",
-                  R"(RegQueryValueEx SOFTWARE\Kelmont Works\Quorvane\DBPath -> KeyMissing)", "console"));
+      LinesAre({"PreviousInstance Varnhold - System Manager -> no",
+                R"(SetCurrentDirectory C:\VARNHOLD -> yes)",
+                R"(RegQueryValueEx SOFTWARE\Kelmont Works\Quorvane\DBPath -> KeyMissing)", "console"}));
   EXPECT_FALSE(program.gConn.isOpen());
 }
 
@@ -44,9 +45,9 @@ TEST_F(MainTest, EndsWithAMessageWhenTheWorkingDirectoryCannotBeSet) {
     fake.environment.arguments = arguments;
     EXPECT_EQ(main(), 1);
     EXPECT_THAT(fakes::linesWithout(fake.journal, {"PreviousInstance"}),
-                ElementsAre(R"(SetCurrentDirectory C:\VARNHOLD -> no)",
-                            "MessageBox critical system modal: Could not set the working directory. "
-                            "Aborting..."));
+                LinesAre({R"(SetCurrentDirectory C:\VARNHOLD -> no)",
+                          "MessageBox critical system modal: Could not set the working directory. "
+                          "Aborting..."}));
   }
 }
 
@@ -69,24 +70,24 @@ class SecondInstanceTest : public MainTest {
 TEST_F(SecondInstanceTest, BringsTheFirstToTheFrontMaximisedAndEndsSilently) {
   fake.desktop.windows["Varnhold - System Manager "] = {};
   EXPECT_EQ(main(), 0);
-  EXPECT_THAT(fake.journal, ElementsAre("PreviousInstance Varnhold - System Manager -> yes",
-                                        "FindWindow Varnhold - System Manager  -> 5",
-                                        "SetForegroundWindow 5 -> yes", "ShowWindow 5 3 -> yes"));
+  EXPECT_THAT(fake.journal, LinesAre({"PreviousInstance Varnhold - System Manager -> yes",
+                                      "FindWindow Varnhold - System Manager  -> 5",
+                                      "SetForegroundWindow 5 -> yes", "ShowWindow 5 3 -> yes"}));
 }
 
 TEST_F(SecondInstanceTest, LooksForTheTitleWithItsBlank) {
   fake.desktop.windows["Varnhold - System Manager"] = {};
   EXPECT_EQ(main(), 0);
-  EXPECT_THAT(fake.journal, ElementsAre("PreviousInstance Varnhold - System Manager -> yes",
-                                        "FindWindow Varnhold - System Manager  -> 0", kMessage));
+  EXPECT_THAT(fake.journal, LinesAre({"PreviousInstance Varnhold - System Manager -> yes",
+                                      "FindWindow Varnhold - System Manager  -> 0", kMessage}));
 }
 
 TEST_F(SecondInstanceTest, SaysSoWhereTheFirstDoesNotComeToTheFront) {
   fake.desktop.windows["Varnhold - System Manager "] = {.visible = true, .takesForeground = false};
   EXPECT_EQ(main(), 0);
-  EXPECT_THAT(fake.journal, ElementsAre("PreviousInstance Varnhold - System Manager -> yes",
-                                        "FindWindow Varnhold - System Manager  -> 5",
-                                        "SetForegroundWindow 5 -> no", kMessage));
+  EXPECT_THAT(fake.journal, LinesAre({"PreviousInstance Varnhold - System Manager -> yes",
+                                      "FindWindow Varnhold - System Manager  -> 5",
+                                      "SetForegroundWindow 5 -> no", kMessage}));
 }
 
 TEST_F(SecondInstanceTest, CountsAFirstThatWasNotVisibleAsAFailure) {

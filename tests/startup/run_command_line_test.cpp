@@ -1,5 +1,6 @@
 // What a command line makes of computers, and what the log says where it makes nothing of it.
 #include "base/runtime_error.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/startup/installer_fixture.h"
 
 namespace varnhold::startup {
@@ -46,23 +47,23 @@ TEST_F(RunCommandLineTest, WritesTheUsageBlockWithoutTarget) {
 
 TEST_F(RunCommandLineTest, TellsThatNoSystemIsNamed) {
   run("-I -N:  -P:C:\\X");
-  EXPECT_THAT(fake.journal, ElementsAre(logged("No system name specified.")));
+  EXPECT_THAT(fake.journal, LinesAre({logged("No system name specified.")}));
 }
 
 TEST_F(RunCommandLineTest, TellsThatNoFileIsNamed) {
   run("-U -F: ");
-  EXPECT_THAT(fake.journal, ElementsAre(logged("No file name specified.")));
+  EXPECT_THAT(fake.journal, LinesAre({logged("No file name specified.")}));
 }
 
 TEST_F(RunCommandLineTest, TellsThatTheFileIsMissing) {
   run("-U -F:list.txt");
-  EXPECT_THAT(fake.journal, ElementsAre(R"(exists C:\VARNHOLD\LIST.TXT -> no)",
-                                        logged("File not found. Unable to load system list.")));
+  EXPECT_THAT(fake.journal, LinesAre({R"(exists C:\VARNHOLD\LIST.TXT -> no)",
+                                      logged("File not found. Unable to load system list.")}));
 }
 
 TEST_F(RunCommandLineTest, LogsAPathInFrontOfTheTargetAsAnError) {
   run("-I -P:C:\\X -N:HOST1");
-  EXPECT_THAT(fake.journal, ElementsAre(logged("Error : [5] : Invalid procedure call or argument")));
+  EXPECT_THAT(fake.journal, LinesAre({logged("Error : [5] : Invalid procedure call or argument")}));
 }
 
 TEST_F(RunCommandLineTest, LogsAListThatCannotBeReadAsAnError) {
@@ -100,49 +101,49 @@ TEST_F(RunCommandLineTest, InstallsAComputerWhoseNameHoldsTheInstallSwitch) {
   fake.libraries.computers["X-IB"] = {};
   run("-U -N:X-IB");
   EXPECT_EQ(program.gCliAction, 1);
-  EXPECT_THAT(log(), ElementsAre("X-IB: Installed successfully"));
+  EXPECT_THAT(log(), LinesAre({"X-IB: Installed successfully"}));
 }
 
 TEST_F(RunCommandLineTest, HandsTheUntrimmedNameOn) {
   run("-i -n:host1 -p:D:\\APPS\\AGENT");
   EXPECT_THAT(fakes::linesOf(fake.journal, "qrvCInstall"),
-              ElementsAre(R"(qrvCInstall [SystemName=HOST1 , InstallDirectory=D:\APPS\AGENT, AgentMode=1] )"
-                          R"(C:\I\RemoteInstaller\remins -> 7)"));
-  EXPECT_THAT(log(), ElementsAre("HOST1 : Installed successfully"));
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1 |1|D:\APPS\AGENT|0|0)"));
+              LinesAre({R"(qrvCInstall [SystemName=HOST1 , InstallDirectory=D:\APPS\AGENT, AgentMode=1] )"
+                        R"(C:\I\RemoteInstaller\remins -> 7)"}));
+  EXPECT_THAT(log(), LinesAre({"HOST1 : Installed successfully"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1 |1|D:\APPS\AGENT|0|0)"}));
 }
 
 TEST_F(RunCommandLineTest, LooksForTheListInTheProgramsFolderOnly) {
   fake.files.put(R"(C:\LIST.TXT)", "HOST1");
   run(R"(-U -F: C:\LIST.TXT )");
-  EXPECT_THAT(fake.journal, ElementsAre(R"(exists C:\VARNHOLD\C:\LIST.TXT -> no)",
-                                        logged("File not found. Unable to load system list.")));
+  EXPECT_THAT(fake.journal, LinesAre({R"(exists C:\VARNHOLD\C:\LIST.TXT -> no)",
+                                      logged("File not found. Unable to load system list.")}));
 }
 
 TEST_F(RunCommandLineTest, HandlesAListInOrderAndGoesOnAfterAFailure) {
   fake.libraries.computers["A"].uninstallExit = 1180;
   fake.libraries.computers["C"] = {};
   runOnList("a\r\n\r\nb\r\nc");
-  EXPECT_THAT(
-      log(), ElementsAre("Could not uninstall Varnhold Agent on a. Error: Failed to create service. This may "
-                         "be due to insufficient permission or network problems.",
-                         "Could not uninstall Varnhold Agent on b. Error: Unknown error.",
-                         "c: Agent uninstalled successfully."));
+  EXPECT_THAT(log(),
+              LinesAre({"Could not uninstall Varnhold Agent on a. Error: Failed to create service. This may "
+                        "be due to insufficient permission or network problems.",
+                        "Could not uninstall Varnhold Agent on b. Error: Unknown error.",
+                        "c: Agent uninstalled successfully."}));
 }
 
 TEST_F(RunCommandLineTest, SkipsTheLocalComputerInAListAndHandlesTheRest) {
   runOnList("manager\nHOST1\n", "-I -F:LIST.TXT");
   EXPECT_THAT(
       log(),
-      ElementsAre("Skipped: manager - Manager (local computer). Varnhold Agent cannot be installed on local "
-                  "system. Because Manager is running on this system.",
-                  "HOST1: Installed successfully"));
+      LinesAre({"Skipped: manager - Manager (local computer). Varnhold Agent cannot be installed on local "
+                "system. Because Manager is running on this system.",
+                "HOST1: Installed successfully"}));
 }
 
 TEST_F(RunCommandLineTest, GivesEveryComputerOfAListTheSamePath) {
   fake.libraries.computers["HOST2"] = {};
   runOnList("HOST1\nHOST2\n", "-I -F:LIST.TXT -P:D:\\A");
-  EXPECT_THAT(inventory.agents(), ElementsAre(R"(HOST1|1|D:\A|0|0)", R"(HOST2|1|D:\A|0|0)"));
+  EXPECT_THAT(inventory.agents(), LinesAre({R"(HOST1|1|D:\A|0|0)", R"(HOST2|1|D:\A|0|0)"}));
 }
 
 TEST_F(RunCommandLineTest, SaysNothingAboutAnEmptyList) {
@@ -154,32 +155,31 @@ TEST_F(RunCommandLineTest, SaysNothingAboutAnEmptyList) {
 
 TEST_F(RunCommandLineTest, CountsALineWithCommasAsSeveralComputersWithTheirBlanks) {
   runOnList("a, b ,c\n");
-  EXPECT_THAT(uninstalled(), ElementsAre("a", " b ", "c"));
+  EXPECT_THAT(uninstalled(), LinesAre({"a", " b ", "c"}));
 }
 
 TEST_F(RunCommandLineTest, KeepsTheLettersOfAList) {
   runOnList("\xEF\xBB\xBFHost-ä\r\nhost,x");
-  EXPECT_THAT(uninstalled(), ElementsAre("Host-ä", "host", "x"));
+  EXPECT_THAT(uninstalled(), LinesAre({"Host-ä", "host", "x"}));
 }
 
 TEST_F(RunCommandLineTest, GivesANameOfAThousandCharactersOn) {
   const std::string name(1000, 'n');
   runOnList(name);
-  EXPECT_THAT(log(),
-              ElementsAre("Could not uninstall Varnhold Agent on " + name + ". Error: Unknown error."));
+  EXPECT_THAT(log(), LinesAre({"Could not uninstall Varnhold Agent on " + name + ". Error: Unknown error."}));
 }
 
 TEST_F(RunCommandLineTest, GivesANameWithANulOn) {
   runOnList(std::string("HOST1\0X", 7), "-I -F:LIST.TXT");
-  EXPECT_THAT(log(), ElementsAre("HOST1: Installed successfully"));
-  EXPECT_THAT(inventory.agents(), ElementsAre("HOST1|1|" + kPath + "|0|0"));
+  EXPECT_THAT(log(), LinesAre({"HOST1: Installed successfully"}));
+  EXPECT_THAT(inventory.agents(), LinesAre({"HOST1|1|" + kPath + "|0|0"}));
 }
 
 TEST_F(RunCommandLineTest, ReadsAListOfTenMegabytes) {
   std::string content(10'000'000, ' ');
   content += "\r\nHOST1\r\n";
   runOnList(content);
-  EXPECT_THAT(log(), ElementsAre("HOST1: Agent uninstalled successfully."));
+  EXPECT_THAT(log(), LinesAre({"HOST1: Agent uninstalled successfully."}));
 }
 
 }  // namespace

@@ -4,12 +4,11 @@
 
 #include "base/runtime_error.h"
 #include "store/command.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/tools/provisioned_home.h"
 
 namespace varnhold::provision {
 namespace {
-
-using testing::ElementsAre;
 
 class BulkInsertTest : public ProvisionTest {
  protected:
@@ -33,7 +32,7 @@ TEST_F(BulkInsertTest, WritesTextNumbersAndNullsAsTheyAre) {
   rows.add({store::Value(), -5});
   rows.finish();
   EXPECT_THAT(rowsOf(connection, "SELECT Name, Size FROM Things ORDER BY Size", {"Name", "Size"}),
-              ElementsAre("|-", "-|-5", "it's [here]; \\ and 'there'|1"));
+              LinesAre({"|-", "-|-5", "it's [here]; \\ and 'there'|1"}));
 }
 
 TEST_F(BulkInsertTest, WritesEveryRowWhateverTheirNumber) {
@@ -41,7 +40,7 @@ TEST_F(BulkInsertTest, WritesEveryRowWhateverTheirNumber) {
   for (int i = 0; i < 1001; ++i) rows.add({i});
   rows.finish();
   rows.finish();
-  EXPECT_THAT(count(), ElementsAre("1001"));
+  EXPECT_THAT(count(), LinesAre({"1001"}));
 }
 
 TEST_F(BulkInsertTest, ATransactionThatIsNotCommittedLeavesNothing) {
@@ -51,7 +50,7 @@ TEST_F(BulkInsertTest, ATransactionThatIsNotCommittedLeavesNothing) {
     for (int i = 0; i < 600; ++i) rows.add({i});
     rows.finish();
   }
-  EXPECT_THAT(count(), ElementsAre("0"));
+  EXPECT_THAT(count(), LinesAre({"0"}));
 }
 
 TEST_F(BulkInsertTest, AnErrorInATransactionLeavesNothingAndTheConnectionUsable) {
@@ -65,7 +64,7 @@ TEST_F(BulkInsertTest, AnErrorInATransactionLeavesNothingAndTheConnectionUsable)
         transaction.commit();
       },
       RuntimeError);
-  EXPECT_THAT(count(), ElementsAre("0"));
+  EXPECT_THAT(count(), LinesAre({"0"}));
   store::Transaction transaction(connection);
   transaction.commit();
 }

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "core/registry_values.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/tools/provisioned_home.h"
 
 namespace varnhold::provision {
@@ -11,7 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::Contains;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -42,7 +42,7 @@ TEST_F(ProvisionRefusal, AnyNameUnderWhichAHomeKeepsDataIsReasonToRefuse) {
   }
   fs::create_directories(folder / "other/lab");
   EXPECT_EQ(runProvision({"--home", (folder / "other").string()}).status, 1);
-  EXPECT_THAT(namesIn(folder / "other"), ElementsAre("lab"));
+  EXPECT_THAT(namesIn(folder / "other"), LinesAre({"lab"}));
 }
 
 TEST_F(ProvisionRefusal, FilesOfOthersAndEmptyOnesAreLeftAlone) {
@@ -146,7 +146,7 @@ TEST_F(ProvisionRefusal, AnInventoryThatHoldsRowsIsNotTouched) {
   EXPECT_THAT(ended.err, HasSubstr("System_Table"));
   EXPECT_THAT(ended.err, HasSubstr("holds data already"));
   EXPECT_EQ(contentsOf(first), before);
-  EXPECT_THAT(namesIn(home), ElementsAre("odbc.ini"));
+  EXPECT_THAT(namesIn(home), LinesAre({"odbc.ini"}));
 }
 
 TEST_F(ProvisionRefusal, ADataSourceThatCannotBeOpenedIsToldWithWhatToDo) {
@@ -156,7 +156,7 @@ TEST_F(ProvisionRefusal, ADataSourceThatCannotBeOpenedIsToldWithWhatToDo) {
   EXPECT_EQ(ended.status, 1);
   EXPECT_THAT(ended.err, HasSubstr("Cannot open the data source 'qrvdb'"));
   EXPECT_THAT(ended.err, HasSubstr((home / "odbc.ini").string()));
-  EXPECT_THAT(namesIn(home), ElementsAre("odbc.ini"));
+  EXPECT_THAT(namesIn(home), LinesAre({"odbc.ini"}));
 }
 
 TEST_F(ProvisionRefusal, ARunKilledAtAnyMomentLeavesWhatTheNextRunMakesWhole) {
@@ -172,7 +172,7 @@ TEST_F(ProvisionRefusal, ARunKilledAtAnyMomentLeavesWhatTheNextRunMakesWhole) {
     EXPECT_EQ(ended.status, finished ? 1 : 0) << milliseconds << ended.err;
     store::Connection inventory;
     openDatabase(inventory, home / "qrvdbv3.mdb");
-    EXPECT_THAT(rowsOf(inventory, "SELECT COUNT(*) AS n FROM System_Table", {"n"}), ElementsAre("1000"));
+    EXPECT_THAT(rowsOf(inventory, "SELECT COUNT(*) AS n FROM System_Table", {"n"}), LinesAre({"1000"}));
     EXPECT_EQ(namesIn(home / "lab").size(), 13u);
   }
   EXPECT_GT(killed, 0);
@@ -215,7 +215,7 @@ TEST_F(ProvisionRefusal, OfTwoRunsAtATimeOneMakesTheHomeAndNoneHarmsIt) {
   EXPECT_EQ(std::system(command.c_str()), 0) << contentOf(folder / "a") << contentOf(folder / "b");
   store::Connection inventory;
   openDatabase(inventory, home / "qrvdbv3.mdb");
-  EXPECT_THAT(rowsOf(inventory, "SELECT COUNT(*) AS n FROM System_Table", {"n"}), ElementsAre("2000"));
+  EXPECT_THAT(rowsOf(inventory, "SELECT COUNT(*) AS n FROM System_Table", {"n"}), LinesAre({"2000"}));
   EXPECT_THAT(namesIn(home), Not(Contains("provisioning.mark")));
 }
 

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include "core/registry_values.h"
+#include "tests/fakes/lines_are.h"
 #include "tests/tools/provisioned_home.h"
 #include "tools/provision/lab.h"
 
@@ -27,11 +28,11 @@ TEST_F(ProvisionRun, MakesTheHomeFileByFile) {
   EXPECT_THAT(namesIn(home), IsSupersetOf({"Agent", "RemoteInstaller", "lab", "odbc.ini", "qrvdbv3.mdb",
                                            "registry.reg", "systems.txt"}));
   EXPECT_THAT(namesIn(home), Not(Contains("provisioning.mark")));
-  EXPECT_THAT(namesIn(home / "RemoteInstaller"), ElementsAre("Agent", "remins"));
-  EXPECT_THAT(namesIn(home / "RemoteInstaller/remins"), ElementsAre("readme.txt", "vhremote.ini"));
+  EXPECT_THAT(namesIn(home / "RemoteInstaller"), LinesAre({"Agent", "remins"}));
+  EXPECT_THAT(namesIn(home / "RemoteInstaller/remins"), LinesAre({"readme.txt", "vhremote.ini"}));
   EXPECT_THAT(namesIn(home / "RemoteInstaller/Agent"),
-              ElementsAre("vhaconfig.ini", "vhagent", "vhagent.exe", "vhagent.txt"));
-  EXPECT_THAT(namesIn(home / "Agent"), ElementsAre("vhaconfig.ini", "vhagent", "vhagent.exe", "vhagent.txt"));
+              LinesAre({"vhaconfig.ini", "vhagent", "vhagent.exe", "vhagent.txt"}));
+  EXPECT_THAT(namesIn(home / "Agent"), LinesAre({"vhaconfig.ini", "vhagent", "vhagent.exe", "vhagent.txt"}));
   EXPECT_THAT(contentOf(home / "RemoteInstaller/Agent/vhaconfig.ini"),
               HasSubstr("[Performance]\nHighPerformance = 0\n"));
 }
@@ -69,7 +70,7 @@ TEST_F(ProvisionRun, MakesTheTablesEmpty) {
   store::Connection inventory;
   openDatabase(inventory, home / "qrvdbv3.mdb");
   for (const auto& table : kTables)
-    EXPECT_THAT(rowsOf(inventory, "SELECT COUNT(*) AS n FROM " + table, {"n"}), ElementsAre("0")) << table;
+    EXPECT_THAT(rowsOf(inventory, "SELECT COUNT(*) AS n FROM " + table, {"n"}), LinesAre({"0"})) << table;
 }
 
 TEST_F(ProvisionRun, MakesALabOfTwelveAndTheManagersOwnComputer) {
@@ -91,7 +92,7 @@ TEST_F(ProvisionRun, MakesALabOfTwelveAndTheManagersOwnComputer) {
 TEST_F(ProvisionRun, ALabOfNoneStillHoldsTheManagersOwnComputer) {
   const auto home = folder / "home";
   ASSERT_EQ(runProvision({"--home", home.string(), "--lab", "0"}).status, 0);
-  EXPECT_THAT(namesIn(home / "lab"), ElementsAre(managerName()));
+  EXPECT_THAT(namesIn(home / "lab"), LinesAre({managerName()}));
   EXPECT_TRUE(fs::exists(home / "systems.txt"));
 }
 
@@ -146,7 +147,7 @@ TEST_F(ProvisionRun, ADataSourceThatIsThereIsKeptAndGetsTheTables) {
   EXPECT_EQ(registryValue(home, core::kDataSourcesKey, "qrvdb"), "text:SQLite3");
   store::Connection inventory;
   openDatabase(inventory, folder / "elsewhere.db");
-  EXPECT_THAT(rowsOf(inventory, "SELECT COUNT(*) AS n FROM Module_Table", {"n"}), ElementsAre("0"));
+  EXPECT_THAT(rowsOf(inventory, "SELECT COUNT(*) AS n FROM Module_Table", {"n"}), LinesAre({"0"}));
 }
 
 TEST_F(ProvisionRun, AnOdbcIniWithOtherDataSourcesIsAddedTo) {
@@ -179,16 +180,16 @@ TEST_F(ProvisionRun, FillsTheInventoryWithComputersAgentsAndGroups) {
         << kTables[i];
   EXPECT_THAT(rowsOf(inventory, "SELECT * FROM System_Table WHERE System_Name = 'PC000050'",
                      {"System_Name", "System_Type", "IP_Address", "System_Description"}),
-              ElementsAre("PC000050|7||Room 150"));
+              LinesAre({"PC000050|7||Room 150"}));
   EXPECT_THAT(rowsOf(inventory, "SELECT * FROM Module_Table WHERE System_Name = 'PC000003'",
                      {"Module_ID", "Install_Directory", "Manual", "Agentless", "Port", "SystemType"}),
-              ElementsAre("1|C:\\Program Files\\Kelmont Works\\Varnhold|0|1|-|0"));
+              LinesAre({"1|C:\\Program Files\\Kelmont Works\\Varnhold|0|1|-|0"}));
   EXPECT_THAT(rowsOf(inventory, "SELECT * FROM System_Group_Detail WHERE Group_Name = 'Servers 0003'",
                      {"Group_Name", "OS_Type", "IP_Subnet", "Domain"}),
-              ElementsAre("Servers 0003|5||"));
+              LinesAre({"Servers 0003|5||"}));
   EXPECT_THAT(rowsOf(inventory, "SELECT * FROM System_Group_Master WHERE Group_Name = 'DOMAIN0002'",
                      {"Group_Name", "Description", "Auto"}),
-              ElementsAre("DOMAIN0002|Computers of one domain|0"));
+              LinesAre({"DOMAIN0002|Computers of one domain|0"}));
 }
 
 TEST_F(ProvisionRun, TheSameNumberOfComputersGivesTheSameInventory) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/formats/registry_file.h"
+#include "tests/platform/formats/registry_bytes.h"
 
 // Files that a person, a full disk or another program has spoiled. Each is read, or refused with a line and a
 // reason.
@@ -9,19 +10,11 @@ namespace {
 
 using std::string_literals::operator""s;
 
-constexpr auto kVersion = "Windows Registry Editor Version 5.00\r\n";
-
 std::string sample() {
   return kVersion +
          "\r\n; a comment\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Kelmont Works\\Varnhold\\Manager]\r\n"
          "\"INSTALLPATH\"=\"C:\\\\Program Files\\\\Varnhold\"\r\n\"MpDbResend\"=dword:12345678\r\n"
          "\"bytes\"=hex(b):01,02,\\\r\n  03,04\r\n@=\"default\"\r\n"s;
-}
-
-std::string utf16(const std::string& ascii) {
-  std::string bytes = "\xFF\xFE";
-  for (const char c : ascii) bytes += {c, '\0'};
-  return bytes;
 }
 
 void expectRefused(const std::string& bytes, std::size_t line, const std::string& partOfWhat) {

@@ -1,4 +1,5 @@
 #include "platform/formats/registry_file.h"
+#include "tests/platform/formats/registry_bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +8,6 @@ namespace {
 
 using std::string_literals::operator""s;
 
-constexpr auto kVersion = "Windows Registry Editor Version 5.00\r\n";
 constexpr auto kManager = R"(HKEY_LOCAL_MACHINE\SOFTWARE\Kelmont Works\Varnhold\Manager)";
 
 /// A key and a value line of it, as a registry editor exports them.
@@ -35,12 +35,6 @@ RegistryFileError refusal(const std::string& bytes) {
   RegistryFileError error;
   EXPECT_FALSE(RegistryFile::parse(bytes, error)) << bytes;
   return error;
-}
-
-std::string utf16(const std::string& ascii) {
-  std::string bytes = "\xFF\xFE";
-  for (const char c : ascii) bytes += {c, '\0'};
-  return bytes;
 }
 
 /// What is written after one value was set in a file of one key.

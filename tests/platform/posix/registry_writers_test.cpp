@@ -17,15 +17,15 @@
 namespace varnhold::platform::posix {
 namespace {
 
-constexpr auto kMachine = RegistryHive::LocalMachine;
-constexpr auto kKey = "SOFTWARE";
+constexpr auto kHive = RegistryHive::LocalMachine;
+constexpr auto kSoftware = "SOFTWARE";
 
 bool setNumber(Registry& registry, const std::string& name) {
-  return registry.set(kMachine, kKey, name, {kRegNumber, std::string(4, '\1')}) == RegistryOutcome::Done;
+  return registry.set(kHive, kSoftware, name, {kRegNumber, std::string(4, '\1')}) == RegistryOutcome::Done;
 }
 
 bool hasNumber(const RegistryFile& file, const std::string& name) {
-  return file.find(std::string("HKEY_LOCAL_MACHINE\\") + kKey, name) != nullptr;
+  return file.find(std::string("HKEY_LOCAL_MACHINE\\") + kSoftware, name) != nullptr;
 }
 
 std::string nameOf(const std::string& writer, int number) {
@@ -42,7 +42,7 @@ RegistryFile parsed(const std::string& path) {
 TEST(RegistryWriters, TwoAtOnceLoseNoValue) {
   constexpr int kValues = 200;
   const TemporaryFolder home;
-  ASSERT_EQ(makeRegistry(home.path())->createKey(kMachine, kKey), RegistryOutcome::Done);
+  ASSERT_EQ(makeRegistry(home.path())->createKey(kHive, kSoftware), RegistryOutcome::Done);
   const auto write = [&](const std::string& writer) {
     return startChild([&home, writer] {
       const auto registry = makeRegistry(home.path(), std::chrono::minutes(1));
@@ -92,7 +92,7 @@ class KilledWriter {
 TEST(RegistryWriters, OneKilledAtAnyMomentLosesNothingThatWasWritten) {
   constexpr int kRounds = 50;
   const TemporaryFolder home;
-  ASSERT_EQ(makeRegistry(home.path())->createKey(kMachine, kKey), RegistryOutcome::Done);
+  ASSERT_EQ(makeRegistry(home.path())->createKey(kHive, kSoftware), RegistryOutcome::Done);
   std::minstd_rand random(std::random_device{}());
   std::uniform_int_distribution<int> delayUs(500, 15'000);
   std::vector<std::string> written;

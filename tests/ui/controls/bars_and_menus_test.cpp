@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/controls/recording_form.h"
 #include "ui/controls/menu_item.h"
 #include "ui/controls/status_bar.h"
@@ -128,13 +129,13 @@ TEST_F(MenuTest, HoldsItsEntriesInTheOrderOfAdoption) {
 TEST_F(MenuTest, RaisesClickOfTheEntryThatTheUserChooses) {
   form.mnuExit.userClick();
   form.mnuBar.userClick();
-  EXPECT_THAT(form.seen, ElementsAre("mnuExit"));
+  EXPECT_THAT(form.seen, LinesAre({"mnuExit"}));
 }
 
 TEST_F(MenuTest, RaisesClickOfAMenuWhenItOpens) {
   form.mnuAgent.userClick();
   form.mnuStart.userClick();
-  EXPECT_THAT(form.seen, ElementsAre("agent opens")) << "the menu has disabled its entry";
+  EXPECT_THAT(form.seen, LinesAre({"agent opens"})) << "the menu has disabled its entry";
 }
 
 TEST_F(MenuTest, HasNoEntryThatIsDisabledOrHiddenOrInSuchAMenu) {
@@ -151,7 +152,7 @@ TEST_F(MenuTest, ChoosesAnEntryByItsShortcut) {
   form.userKeyDown('F', kControl);
   form.userKeyDown('F');
   form.userKeyDown(kKeyF5);
-  EXPECT_THAT(form.seen, ElementsAre("mnuFind", "mnuStart"));
+  EXPECT_THAT(form.seen, LinesAre({"mnuFind", "mnuStart"}));
   form.mnuStart.Enabled = false;
   EXPECT_FALSE(form.usesKey(kKeyF5, kNoModifier));
   form.userKeyDown(kKeyF5);
@@ -161,13 +162,13 @@ TEST_F(MenuTest, ChoosesAnEntryByItsShortcut) {
 TEST_F(MenuTest, PopsUpAndRaisesClickOfWhatTheUserChooses) {
   ui.nextPopUp("mnuPopUpStart");
   form.PopupMenu(form.mnuPopUpList);
-  EXPECT_THAT(form.seen, ElementsAre("pop-up opens", "mnuPopUpStart"));
+  EXPECT_THAT(form.seen, LinesAre({"pop-up opens", "mnuPopUpStart"}));
   EXPECT_EQ(journal.back(), "PopupMenu mnuPopUpList -> mnuPopUpStart");
 }
 
 TEST_F(MenuTest, RaisesNothingMoreWhenThePopUpIsDismissed) {
   form.PopupMenu(form.mnuPopUpList);
-  EXPECT_THAT(form.seen, ElementsAre("pop-up opens"));
+  EXPECT_THAT(form.seen, LinesAre({"pop-up opens"}));
   EXPECT_EQ(journal.back(), "PopupMenu mnuPopUpList -> nothing");
 }
 

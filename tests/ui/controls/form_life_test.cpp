@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/controls/recording_form.h"
 #include "ui/controls/list_view.h"
 
@@ -27,12 +28,12 @@ TEST_F(FormLife, LoadsOnce) {
   frmA.Load();
   EXPECT_TRUE(frmA.isLoaded());
   EXPECT_FALSE(frmA.Visible());
-  EXPECT_THAT(journal, ElementsAre("frmA Load"));
+  EXPECT_THAT(journal, LinesAre({"frmA Load"}));
 }
 
 TEST_F(FormLife, LoadsShowsAndActivatesInThatOrder) {
   frmA.Show();
-  EXPECT_THAT(journal, ElementsAre("frmA Load", "Show frmA", "frmA Resize", "frmA Activate"));
+  EXPECT_THAT(journal, LinesAre({"frmA Load", "Show frmA", "frmA Resize", "frmA Activate"}));
   EXPECT_TRUE(frmA.Visible());
   EXPECT_EQ(ui.screen.ActiveForm(), &frmA);
 }
@@ -49,7 +50,7 @@ TEST_F(FormLife, ActivatesAFormThatComesToTheFrontAgain) {
   frmB.Show();
   journal.clear();
   frmA.Show();
-  EXPECT_THAT(journal, ElementsAre("frmA Activate"));
+  EXPECT_THAT(journal, LinesAre({"frmA Activate"}));
   EXPECT_EQ(ui.screen.ActiveForm(), &frmA);
 }
 
@@ -57,7 +58,7 @@ TEST_F(FormLife, AsksAndUnloadsInThatOrder) {
   frmA.Show();
   journal.clear();
   EXPECT_TRUE(frmA.Unload());
-  EXPECT_THAT(journal, ElementsAre("frmA QueryUnload 1", "frmA Unload", "Close frmA"));
+  EXPECT_THAT(journal, LinesAre({"frmA QueryUnload 1", "frmA Unload", "Close frmA"}));
   EXPECT_FALSE(frmA.isLoaded());
 }
 
@@ -66,7 +67,7 @@ TEST_F(FormLife, StaysWhenItRefusesToUnload) {
   frmA.onQueryUnload = [](int& cancel, UnloadMode) { cancel = -1; };
   journal.clear();
   EXPECT_FALSE(frmA.Unload());
-  EXPECT_THAT(journal, ElementsAre("frmA QueryUnload 1"));
+  EXPECT_THAT(journal, LinesAre({"frmA QueryUnload 1"}));
   EXPECT_TRUE(frmA.Visible());
 }
 
@@ -74,7 +75,7 @@ TEST_F(FormLife, IsAskedWithModeZeroWhenTheUserClosesTheWindow) {
   frmA.Show();
   journal.clear();
   frmA.userClose();
-  EXPECT_THAT(journal, ElementsAre("frmA QueryUnload 0", "frmA Unload", "Close frmA"));
+  EXPECT_THAT(journal, LinesAre({"frmA QueryUnload 0", "frmA Unload", "Close frmA"}));
 }
 
 TEST_F(FormLife, MayRefuseTheUserAndObeyCode) {
@@ -90,7 +91,7 @@ TEST_F(FormLife, UnloadsAFormThatIsLoadedAndNotShown) {
   frmA.Load();
   frmA.Unload();
   frmA.Unload();
-  EXPECT_THAT(journal, ElementsAre("frmA Load", "frmA QueryUnload 1", "frmA Unload"));
+  EXPECT_THAT(journal, LinesAre({"frmA Load", "frmA QueryUnload 1", "frmA Unload"}));
 }
 
 TEST_F(FormLife, TakesNoSecondUnloadWhileOneIsUnderWay) {
@@ -98,7 +99,7 @@ TEST_F(FormLife, TakesNoSecondUnloadWhileOneIsUnderWay) {
   frmA.onUnload = [this] { EXPECT_FALSE(frmA.Unload()); };
   journal.clear();
   frmA.Unload();
-  EXPECT_THAT(journal, ElementsAre("frmA QueryUnload 1", "frmA Unload", "Close frmA"));
+  EXPECT_THAT(journal, LinesAre({"frmA QueryUnload 1", "frmA Unload", "Close frmA"}));
 }
 
 TEST_F(FormLife, KeepsPublicValuesAndGivesControlsTheirDesignAtTheNextLoad) {
@@ -150,7 +151,7 @@ TEST_F(FormLife, KeepsItsValuesWhileItIsHidden) {
   EXPECT_FALSE(frmA.Visible());
   EXPECT_EQ(frmA.txtName.Text, "typed");
   frmA.Hide();
-  EXPECT_THAT(fakes::linesOf(journal, "Close"), ElementsAre("Close frmA"));
+  EXPECT_THAT(fakes::linesOf(journal, "Close"), LinesAre({"Close frmA"}));
 }
 
 TEST_F(FormLife, ActivatesTheOwnerWhenAModalFormHasGoneAndBeforeShowModalReturns) {
@@ -159,8 +160,8 @@ TEST_F(FormLife, ActivatesTheOwnerWhenAModalFormHasGoneAndBeforeShowModalReturns
   frmA.ShowModal(&frmMain);
   journal.push_back("back");
   EXPECT_THAT(journal,
-              ElementsAre("frmA Load", "Show modal frmA", "frmA Resize", "frmA Activate",
-                          "frmA QueryUnload 1", "frmA Unload", "Close frmA", "frmMain Activate", "back"));
+              LinesAre({"frmA Load", "Show modal frmA", "frmA Resize", "frmA Activate", "frmA QueryUnload 1",
+                        "frmA Unload", "Close frmA", "frmMain Activate", "back"}));
 }
 
 TEST_F(FormLife, ActivatesTheOwnerAfterTheHandlerThatClosedTheModalForm) {
@@ -171,9 +172,9 @@ TEST_F(FormLife, ActivatesTheOwnerAfterTheHandlerThatClosedTheModalForm) {
   };
   ui.nextModal("frmA", [this](Form&) { frmA.cmdOK.userClick(); });
   frmA.ShowModal(&frmMain);
-  EXPECT_THAT(journal, ElementsAre("frmA Load", "Show modal frmA", "frmA Resize", "frmA Activate",
-                                   "frmA QueryUnload 1", "frmA Unload", "Close frmA", "end of handler",
-                                   "frmMain Activate"));
+  EXPECT_THAT(journal,
+              LinesAre({"frmA Load", "Show modal frmA", "frmA Resize", "frmA Activate", "frmA QueryUnload 1",
+                        "frmA Unload", "Close frmA", "end of handler", "frmMain Activate"}));
 }
 
 TEST_F(FormLife, ReturnsFromShowModalWhenTheFormIsHidden) {
@@ -188,14 +189,14 @@ TEST_F(FormLife, ReturnsAtOnceWhenTheFormUnloadsItselfAtItsActivation) {
   showMain();
   frmA.onActivate = [this] { frmA.Unload(); };
   frmA.ShowModal(&frmMain);
-  EXPECT_THAT(journal, ElementsAre("frmA Load", "Show modal frmA", "frmA Resize", "frmA Activate",
-                                   "frmA QueryUnload 1", "frmA Unload", "Close frmA", "frmMain Activate"));
+  EXPECT_THAT(journal, LinesAre({"frmA Load", "Show modal frmA", "frmA Resize", "frmA Activate",
+                                 "frmA QueryUnload 1", "frmA Unload", "Close frmA", "frmMain Activate"}));
 }
 
 TEST_F(FormLife, ShowsNothingWhenTheFormUnloadsItselfInItsLoad) {
   frmA.onLoad = [this] { frmA.Unload(); };
   frmA.ShowModal();
-  EXPECT_THAT(journal, ElementsAre("frmA Load", "frmA QueryUnload 1", "frmA Unload"));
+  EXPECT_THAT(journal, LinesAre({"frmA Load", "frmA QueryUnload 1", "frmA Unload"}));
 }
 
 TEST_F(FormLife, ActivatesOnlyTheFormThatComesOut) {
@@ -207,9 +208,9 @@ TEST_F(FormLife, ActivatesOnlyTheFormThatComesOut) {
   });
   frmA.ShowModal(&frmMain);
   EXPECT_THAT(fakes::linesWithout(journal, {"Show", "Close"}),
-              ElementsAre("frmA Load", "frmA Resize", "frmA Activate", "frmB Load", "frmB Resize",
-                          "frmB Activate", "frmB QueryUnload 1", "frmB Unload", "frmA Activate",
-                          "frmA QueryUnload 1", "frmA Unload", "frmMain Activate"));
+              LinesAre({"frmA Load", "frmA Resize", "frmA Activate", "frmB Load", "frmB Resize",
+                        "frmB Activate", "frmB QueryUnload 1", "frmB Unload", "frmA Activate",
+                        "frmA QueryUnload 1", "frmA Unload", "frmMain Activate"}));
 }
 
 TEST_F(FormLife, ActivatesTheFormUnderAModelessOneAtOnce) {
@@ -218,8 +219,8 @@ TEST_F(FormLife, ActivatesTheFormUnderAModelessOneAtOnce) {
   frmA.Unload();
   journal.push_back("back");
   EXPECT_THAT(journal,
-              ElementsAre("frmA Load", "Show frmA", "frmA Resize", "frmA Activate", "frmA QueryUnload 1",
-                          "frmA Unload", "Close frmA", "frmMain Activate", "back"));
+              LinesAre({"frmA Load", "Show frmA", "frmA Resize", "frmA Activate", "frmA QueryUnload 1",
+                        "frmA Unload", "Close frmA", "frmMain Activate", "back"}));
 }
 
 TEST_F(FormLife, ActivatesNothingWhenAFormGoesThatLayUnderAnother) {
@@ -228,13 +229,13 @@ TEST_F(FormLife, ActivatesNothingWhenAFormGoesThatLayUnderAnother) {
   frmB.Show();
   journal.clear();
   frmA.Unload();
-  EXPECT_THAT(journal, ElementsAre("frmA QueryUnload 1", "frmA Unload", "Close frmA"));
+  EXPECT_THAT(journal, LinesAre({"frmA QueryUnload 1", "frmA Unload", "Close frmA"}));
 }
 
 TEST_F(FormLife, ActivatesNothingForAMessageBox) {
   showMain();
   ui.screen.messageBox("Hello", platform::MessageIcon::Information);
-  EXPECT_THAT(journal, ElementsAre("MessageBox information: Hello"));
+  EXPECT_THAT(journal, LinesAre({"MessageBox information: Hello"}));
 }
 
 TEST_F(FormLife, LetsAModelessFormBeShownUnloadedAndShownAgain) {
@@ -242,7 +243,7 @@ TEST_F(FormLife, LetsAModelessFormBeShownUnloadedAndShownAgain) {
   frmA.onActivate = [this] { frmA.Unload(); };
   frmA.Show(&frmMain);
   frmA.Show(&frmMain);
-  EXPECT_THAT(fakes::linesOf(journal, "frmMain"), ElementsAre("frmMain Activate", "frmMain Activate"));
+  EXPECT_THAT(fakes::linesOf(journal, "frmMain"), LinesAre({"frmMain Activate", "frmMain Activate"}));
   EXPECT_THAT(fakes::linesOf(journal, "frmA Load"), testing::SizeIs(2));
 }
 
@@ -295,8 +296,8 @@ TEST_F(FormLife, UnloadsTheFormsThatItOwnsWithIt) {
   frmA.Show(&frmMain);
   journal.clear();
   frmMain.Unload();
-  EXPECT_THAT(journal, ElementsAre("frmMain QueryUnload 1", "frmA QueryUnload 5", "frmA Unload", "Close frmA",
-                                   "frmMain Activate", "frmMain Unload", "Close frmMain"));
+  EXPECT_THAT(journal, LinesAre({"frmMain QueryUnload 1", "frmA QueryUnload 5", "frmA Unload", "Close frmA",
+                                 "frmMain Activate", "frmMain Unload", "Close frmMain"}));
 }
 
 TEST_F(FormLife, StaysWhenAFormThatItOwnsRefuses) {
@@ -315,7 +316,7 @@ TEST_F(FormLife, MayShowAModalFormWhileItIsAskedToClose) {
   };
   frmMain.userClose();
   EXPECT_FALSE(frmMain.isLoaded());
-  EXPECT_THAT(fakes::linesOf(journal, "Show modal"), ElementsAre("Show modal frmA"));
+  EXPECT_THAT(fakes::linesOf(journal, "Show modal"), LinesAre({"Show modal frmA"}));
 }
 
 TEST_F(FormLife, TellsItsResizes) {
@@ -327,7 +328,7 @@ TEST_F(FormLife, TellsItsResizes) {
   frmA.userResize(9000, 6000, WindowState::Minimized);
   EXPECT_EQ(frmA.WindowState, WindowState::Minimized);
   EXPECT_TRUE(frmA.Visible());
-  EXPECT_THAT(journal, ElementsAre("frmA Resize", "frmA Resize"));
+  EXPECT_THAT(journal, LinesAre({"frmA Resize", "frmA Resize"}));
 }
 
 TEST_F(FormLife, GoesWithoutAnEventWhenItIsDestroyed) {

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/controls/recording_form.h"
 #include "ui/controls/combo_box.h"
 #include "ui/controls/list_box.h"
@@ -18,7 +19,7 @@ std::vector<std::string> entriesOf(const Box& box) {
 }
 
 /// A view that writes down what it is told.
-class RecordingView : public ItemBoxView {
+class RecordingBoxView : public ItemBoxView {
  public:
   std::vector<std::string> told;
   void sync() override { told.push_back("sync"); }
@@ -179,7 +180,7 @@ TEST_F(ListBoxTest, TellsADoubleClickBehindTheClick) {
   list.Click = [&] { seen.push_back("click"); };
   list.DblClick = [&] { seen.push_back("double"); };
   list.userDblClick(1);
-  EXPECT_THAT(seen, ElementsAre("click", "double"));
+  EXPECT_THAT(seen, LinesAre({"click", "double"}));
 }
 
 TEST_F(ListBoxTest, CannotBeClickedWhileDisabled) {
@@ -213,11 +214,11 @@ TEST_F(ListBoxTest, IsSelectedByMessageWithoutAnEvent) {
 }
 
 TEST_F(ListBoxTest, ScrollsItsView) {
-  RecordingView view;
+  RecordingBoxView view;
   list.attach(view);
   list.setTopIndex(2);
   list.setTopIndex(-1);
-  EXPECT_THAT(view.told, ElementsAre("scroll 2"));
+  EXPECT_THAT(view.told, LinesAre({"scroll 2"}));
   EXPECT_EQ(list.TopIndex(), 2);
   EXPECT_EQ(list.textWidth("ATLAS"), 35);
 }
@@ -227,13 +228,13 @@ TEST_F(ListBoxTest, MeasuresNothingWithoutAView) {
 }
 
 TEST_F(ListBoxTest, TellsItsViewOfEntriesAndSelection) {
-  RecordingView view;
+  RecordingBoxView view;
   list.attach(view);
   list.AddItem("DELOS");
   list.RemoveItem(0);
   list.ListIndex = 0;
   list.Clear();
-  EXPECT_THAT(view.told, ElementsAre("items", "items", "items", "items"));
+  EXPECT_THAT(view.told, LinesAre({"items", "items", "items", "items"}));
 }
 
 TEST_F(ListBoxTest, ComesBackWithTheEntriesOfItsDesign) {
@@ -241,7 +242,7 @@ TEST_F(ListBoxTest, ComesBackWithTheEntriesOfItsDesign) {
   list.Clear();
   list.AddItem("at run time");
   list.restoreDesign();
-  EXPECT_THAT(entriesOf(list), ElementsAre("ATLAS", "BORA", "boreas", "CALYPSO"));
+  EXPECT_THAT(entriesOf(list), LinesAre({"ATLAS", "BORA", "boreas", "CALYPSO"}));
   EXPECT_THAT(clicks, IsEmpty());
 }
 
@@ -249,7 +250,7 @@ TEST(SortedItems, GoToTheirPlaceInAnyCase) {
   ComboBox combo;
   combo.Sorted = true;
   for (const auto* name : {"corp", "ACME", "---All---", "Beta", "ACME"}) combo.AddItem(name);
-  EXPECT_THAT(entriesOf(combo), ElementsAre("---All---", "ACME", "ACME", "Beta", "corp"));
+  EXPECT_THAT(entriesOf(combo), LinesAre({"---All---", "ACME", "ACME", "Beta", "corp"}));
 }
 
 TEST(SortedItems, GoWhereTheCallerSaysWhenHeSays) {
@@ -257,7 +258,7 @@ TEST(SortedItems, GoWhereTheCallerSaysWhenHeSays) {
   list.Sorted = true;
   list.AddItem("b");
   list.AddItem("z", 0);
-  EXPECT_THAT(entriesOf(list), ElementsAre("z", "b"));
+  EXPECT_THAT(entriesOf(list), LinesAre({"z", "b"}));
 }
 
 class ComboBoxTest : public testing::Test {
@@ -276,7 +277,7 @@ TEST_F(ComboBoxTest, RaisesClickWhenCodeSetsItsTextOrIndex) {
   EXPECT_EQ(combo.ListIndex, 1) << "the first of two entries alike";
   combo.ListIndex = 0;
   EXPECT_EQ(combo.Text, "All");
-  EXPECT_THAT(clicks, ElementsAre("Berlin", "All"));
+  EXPECT_THAT(clicks, LinesAre({"Berlin", "All"}));
   EXPECT_THAT(changes, IsEmpty());
 }
 
@@ -294,7 +295,7 @@ TEST_F(ComboBoxTest, TakesTheEntrysOwnSpelling) {
   EXPECT_EQ(combo.Text, "Paris");
   combo.Text = "paris";
   EXPECT_EQ(combo.Text, "Paris");
-  EXPECT_THAT(clicks, ElementsAre("Paris"));
+  EXPECT_THAT(clicks, LinesAre({"Paris"}));
 }
 
 TEST_F(ComboBoxTest, RefusesATextThatIsNoEntry) {
@@ -317,7 +318,7 @@ TEST_F(ComboBoxTest, RaisesClickWhenTheUserChooses) {
   combo.userSelect(3);
   combo.userSelect(9);
   EXPECT_EQ(combo.ListIndex, 3);
-  EXPECT_THAT(clicks, ElementsAre("Berlin"));
+  EXPECT_THAT(clicks, LinesAre({"Berlin"}));
 }
 
 TEST_F(ComboBoxTest, IsOutOfTheUsersReachWhileDisabled) {
@@ -332,7 +333,7 @@ TEST_F(ComboBoxTest, OfTheFreeStyleTakesAnyTextAndRaisesChange) {
   EXPECT_EQ(combo.ListIndex, -1);
   combo.userEdit("Paris");
   EXPECT_EQ(combo.ListIndex, 2);
-  EXPECT_THAT(changes, ElementsAre("Rome", "Paris"));
+  EXPECT_THAT(changes, LinesAre({"Rome", "Paris"}));
   EXPECT_THAT(clicks, IsEmpty());
 }
 
@@ -354,10 +355,10 @@ TEST_F(ComboBoxTest, ComesBackWithItsDesignAndRaisesNothing) {
 }
 
 TEST_F(ComboBoxTest, TellsItsViewOfAnotherText) {
-  RecordingView view;
+  RecordingBoxView view;
   combo.attach(view);
   combo.ListIndex = 1;
-  EXPECT_THAT(view.told, ElementsAre("sync", "items"));
+  EXPECT_THAT(view.told, LinesAre({"sync", "items"}));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/controls/recording_form.h"
 #include "ui/controls/check_box.h"
 #include "ui/controls/containers.h"
@@ -8,7 +9,6 @@
 namespace varnhold::ui {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 using Seen = std::vector<std::string>;
@@ -53,7 +53,7 @@ TEST_F(Keyboard, GivesTheFocusToTheFirstControlAfterTheActivation) {
   other.Show();
   EXPECT_FALSE(activeAtActivation);
   EXPECT_EQ(other.ActiveControl(), &other.txtName);
-  EXPECT_THAT(other.seen, ElementsAre("+txtName"));
+  EXPECT_THAT(other.seen, LinesAre({"+txtName"}));
 }
 
 TEST_F(Keyboard, LeavesTheFocusWhereTheActivationHasPutIt) {
@@ -61,18 +61,18 @@ TEST_F(Keyboard, LeavesTheFocusWhereTheActivationHasPutIt) {
   other.onActivate = [&] { other.cmdOK.SetFocus(); };
   other.Show();
   EXPECT_EQ(other.ActiveControl(), &other.cmdOK);
-  EXPECT_THAT(other.seen, ElementsAre("+cmdOK"));
+  EXPECT_THAT(other.seen, LinesAre({"+cmdOK"}));
 }
 
 TEST_F(Keyboard, MovesTheFocusByCodeWithBothEvents) {
   form.cmdOK.SetFocus();
   form.cmdOK.SetFocus();
-  EXPECT_THAT(form.seen, ElementsAre("-txtName", "+cmdOK"));
+  EXPECT_THAT(form.seen, LinesAre({"-txtName", "+cmdOK"}));
 }
 
 TEST_F(Keyboard, MovesTheFocusBeforeTheUsersAct) {
   form.chkMore.userClick();
-  EXPECT_THAT(form.seen, ElementsAre("-txtName", "+chkMore", "more"));
+  EXPECT_THAT(form.seen, LinesAre({"-txtName", "+chkMore", "more"}));
 }
 
 TEST_F(Keyboard, DropsTheActWhenTheControlThatLostTheFocusDisabledTheOther) {
@@ -104,13 +104,13 @@ TEST_F(Keyboard, HasNoActiveControlWhileThatIsDisabled) {
   form.txtName.Enabled = false;
   EXPECT_EQ(form.ActiveControl(), nullptr);
   form.cmdOK.SetFocus();
-  EXPECT_THAT(form.seen, ElementsAre("+cmdOK"));
+  EXPECT_THAT(form.seen, LinesAre({"+cmdOK"}));
 }
 
 TEST_F(Keyboard, PressesTheDefaultButtonByEnterAndLeavesTheFocus) {
   EXPECT_TRUE(form.usesKey(kKeyReturn, kNoModifier));
   form.userKeyDown(kKeyReturn);
-  EXPECT_THAT(form.seen, ElementsAre("OK"));
+  EXPECT_THAT(form.seen, LinesAre({"OK"}));
   EXPECT_EQ(form.ActiveControl(), &form.txtName);
 }
 
@@ -118,12 +118,12 @@ TEST_F(Keyboard, PressesTheFocusedButtonByEnter) {
   form.cmdCancel.SetFocus();
   form.seen.clear();
   form.userKeyDown(kKeyReturn);
-  EXPECT_THAT(form.seen, ElementsAre("Cancel"));
+  EXPECT_THAT(form.seen, LinesAre({"Cancel"}));
 }
 
 TEST_F(Keyboard, PressesTheCancelButtonByEscape) {
   form.userKeyDown(kKeyEscape);
-  EXPECT_THAT(form.seen, ElementsAre("Cancel"));
+  EXPECT_THAT(form.seen, LinesAre({"Cancel"}));
 }
 
 TEST_F(Keyboard, LeavesEnterToTheFocusedControlWithoutADefaultButton) {
@@ -139,7 +139,7 @@ TEST_F(Keyboard, LeavesEnterToTheFocusedControlWithoutADefaultButton) {
 TEST_F(Keyboard, ShowsTheFormEachKeyFirst) {
   journal.clear();
   form.userKeyDown(kKeyF1);
-  EXPECT_THAT(journal, ElementsAre("frmKeys KeyDown 112"));
+  EXPECT_THAT(journal, LinesAre({"frmKeys KeyDown 112"}));
   form.onKeyDown = [](int& key, int) { key = 0; };
   form.userKeyDown(kKeyReturn);
   EXPECT_THAT(form.seen, IsEmpty()) << "the form has used the key up";
@@ -152,7 +152,7 @@ TEST_F(Keyboard, AnswersAMnemonicAsItsControlDoes) {
   EXPECT_THAT(form.seen, testing::Contains("OK"));
   form.seen.clear();
   form.userMnemonic('a');
-  EXPECT_THAT(form.seen, ElementsAre("-cmdOK", "+txtAccount")) << "a label speaks for the control behind it";
+  EXPECT_THAT(form.seen, LinesAre({"-cmdOK", "+txtAccount"})) << "a label speaks for the control behind it";
   form.seen.clear();
   form.userMnemonic('q');
   EXPECT_THAT(form.seen, IsEmpty());
@@ -168,23 +168,23 @@ TEST_F(Keyboard, MovesTheFocusAmongThoseThatShareAMnemonicAndPressesNone) {
   }
   form.seen.clear();
   form.userKeyDown(kKeyReturn);
-  EXPECT_THAT(form.seen, ElementsAre("Cancel")) << "Enter presses the focused one";
+  EXPECT_THAT(form.seen, LinesAre({"Cancel"})) << "Enter presses the focused one";
 }
 
 TEST_F(Keyboard, CountsALabelAmongThoseThatShareAMnemonic) {
   form.cmdOK.Caption = "&Apply";
   form.userMnemonic('a');
-  EXPECT_THAT(form.seen, ElementsAre("-txtName", "+cmdOK"));
+  EXPECT_THAT(form.seen, LinesAre({"-txtName", "+cmdOK"}));
   form.seen.clear();
   form.userMnemonic('a');
-  EXPECT_THAT(form.seen, ElementsAre("-cmdOK", "+txtAccount"));
+  EXPECT_THAT(form.seen, LinesAre({"-cmdOK", "+txtAccount"}));
 }
 
 TEST_F(Keyboard, DoesNotCountWhomNobodyCanReachAmongThoseThatShareAMnemonic) {
   form.cmdCancel.Caption = "&More";
   form.fraMore.Enabled = false;
   form.userMnemonic('m');
-  EXPECT_THAT(form.seen, ElementsAre("-txtName", "+cmdCancel", "Cancel"));
+  EXPECT_THAT(form.seen, LinesAre({"-txtName", "+cmdCancel", "Cancel"}));
 }
 
 TEST_F(Keyboard, TakesNoKeysUnderAModalForm) {
@@ -218,7 +218,7 @@ TEST_F(Keyboard, BeginsAnewAfterAnUnload) {
   form.Unload();
   form.seen.clear();
   form.Show();
-  EXPECT_THAT(form.seen, ElementsAre("+txtName"));
+  EXPECT_THAT(form.seen, LinesAre({"+txtName"}));
 }
 
 }  // namespace

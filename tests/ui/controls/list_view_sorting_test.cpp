@@ -4,12 +4,11 @@
 #include <random>
 
 #include "base/text.h"
+#include "tests/fakes/lines_are.h"
 #include "ui/controls/list_view.h"
 
 namespace varnhold::ui {
 namespace {
-
-using testing::ElementsAre;
 
 std::vector<std::string> textsOf(const ListView& list) {
   std::vector<std::string> texts;
@@ -34,34 +33,34 @@ class SortingTest : public testing::Test {
 
 TEST_F(SortingTest, SortsByTheFirstColumnInAnyCaseWhenItIsTurnedOn) {
   list.Sorted = true;
-  EXPECT_THAT(textsOf(list), ElementsAre("ATLAS", "bora", "Calypso", "delos"));
+  EXPECT_THAT(textsOf(list), LinesAre({"ATLAS", "bora", "Calypso", "delos"}));
 }
 
 TEST_F(SortingTest, LeavesRowsOfEqualTextInTheirOrderBothWays) {
   list.SortKey = 1;
   list.Sorted = true;
-  EXPECT_THAT(textsOf(list), ElementsAre("bora", "ATLAS", "delos", "Calypso"));
+  EXPECT_THAT(textsOf(list), LinesAre({"bora", "ATLAS", "delos", "Calypso"}));
   list.SortOrder = SortOrder::Descending;
-  EXPECT_THAT(textsOf(list), ElementsAre("delos", "Calypso", "ATLAS", "bora"));
+  EXPECT_THAT(textsOf(list), LinesAre({"delos", "Calypso", "ATLAS", "bora"}));
 }
 
 TEST_F(SortingTest, SortsAnewWhenKeyOrOrderChangesWhileItIsOn) {
   list.Sorted = true;
   list.SortOrder = SortOrder::Descending;
-  EXPECT_THAT(textsOf(list), ElementsAre("delos", "Calypso", "bora", "ATLAS"));
+  EXPECT_THAT(textsOf(list), LinesAre({"delos", "Calypso", "bora", "ATLAS"}));
 }
 
 TEST_F(SortingTest, LeavesTheOrderAloneWhileItIsOff) {
   list.SortKey = 1;
   list.SortOrder = SortOrder::Descending;
-  EXPECT_THAT(textsOf(list), ElementsAre("delos", "ATLAS", "Calypso", "bora"));
+  EXPECT_THAT(textsOf(list), LinesAre({"delos", "ATLAS", "Calypso", "bora"}));
 }
 
 TEST_F(SortingTest, KeepsTheOrderWhenItIsTurnedOff) {
   list.Sorted = true;
   list.Sorted = false;
   list.ListItems.Add("AAA");
-  EXPECT_THAT(textsOf(list), ElementsAre("ATLAS", "bora", "Calypso", "delos", "AAA"));
+  EXPECT_THAT(textsOf(list), LinesAre({"ATLAS", "bora", "Calypso", "delos", "AAA"}));
 }
 
 TEST_F(SortingTest, PutsANewRowInItsPlaceBehindItsEquals) {
@@ -69,23 +68,23 @@ TEST_F(SortingTest, PutsANewRowInItsPlaceBehindItsEquals) {
   auto& upper = list.ListItems.Add("BORA");
   EXPECT_EQ(upper.Index(), 3);
   list.ListItems.Add("zeus");
-  EXPECT_THAT(textsOf(list), ElementsAre("ATLAS", "bora", "BORA", "Calypso", "delos", "zeus"));
+  EXPECT_THAT(textsOf(list), LinesAre({"ATLAS", "bora", "BORA", "Calypso", "delos", "zeus"}));
   list.SortOrder = SortOrder::Descending;
   list.ListItems.Add("Bora");
-  EXPECT_THAT(textsOf(list), ElementsAre("zeus", "delos", "Calypso", "bora", "BORA", "Bora", "ATLAS"));
+  EXPECT_THAT(textsOf(list), LinesAre({"zeus", "delos", "Calypso", "bora", "BORA", "Bora", "ATLAS"}));
 }
 
 TEST_F(SortingTest, LeavesARowInItsPlaceWhenItsTextChanges) {
   list.Sorted = true;
   list.ListItems(1).Text = "zzz";
-  EXPECT_THAT(textsOf(list), ElementsAre("zzz", "bora", "Calypso", "delos"));
+  EXPECT_THAT(textsOf(list), LinesAre({"zzz", "bora", "Calypso", "delos"}));
 }
 
 TEST_F(SortingTest, SortsAgainWhenItIsTurnedOnOnceMore) {
   list.Sorted = true;
   list.ListItems(1).Text = "zzz";
   list.Sorted = true;
-  EXPECT_THAT(textsOf(list), ElementsAre("bora", "Calypso", "delos", "zzz"));
+  EXPECT_THAT(textsOf(list), LinesAre({"bora", "Calypso", "delos", "zzz"}));
 }
 
 TEST_F(SortingTest, RowsKeepTheirIdentitySelectionAndCells) {
@@ -103,7 +102,7 @@ TEST_F(SortingTest, RowsKeepTheirIdentitySelectionAndCells) {
 TEST_F(SortingTest, RemovesByThePlaceAfterSorting) {
   list.Sorted = true;
   list.ListItems.Remove(1);
-  EXPECT_THAT(textsOf(list), ElementsAre("bora", "Calypso", "delos"));
+  EXPECT_THAT(textsOf(list), LinesAre({"bora", "Calypso", "delos"}));
 }
 
 TEST_F(SortingTest, SortsAColumnThatSomeRowsHaveNothingIn) {
@@ -111,7 +110,7 @@ TEST_F(SortingTest, SortsAColumnThatSomeRowsHaveNothingIn) {
   list.SortKey = 4;
   list.SortOrder = SortOrder::Descending;
   list.Sorted = true;
-  EXPECT_THAT(textsOf(list), ElementsAre("Calypso", "delos", "ATLAS", "bora"));
+  EXPECT_THAT(textsOf(list), LinesAre({"Calypso", "delos", "ATLAS", "bora"}));
 }
 
 TEST(SortingScale, AHundredThousandRowsComeOutAsAStableSortByUpperCaseGives) {

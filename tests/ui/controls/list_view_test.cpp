@@ -1,4 +1,5 @@
 #include "ui/controls/list_view.h"
+#include "tests/fakes/lines_are.h"
 
 #include <gmock/gmock.h>
 
@@ -9,7 +10,6 @@
 namespace varnhold::ui {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::vector<std::string> textsOf(const ListView& list) {
@@ -27,7 +27,7 @@ std::vector<std::string> selectedIn(const ListView& list) {
 }
 
 /// A view that writes down what it is told.
-class RecordingView : public ListControlView {
+class RecordingListView : public ListControlView {
  public:
   std::vector<std::string> told;
   void sync() override { told.push_back("sync"); }
@@ -96,7 +96,7 @@ TEST_F(ListViewTest, RenumbersItsRowsWhenOneGoes) {
   list.ListItems.Remove(2);
   EXPECT_EQ(last.Index(), 3);
   EXPECT_EQ(list.ListItems(1).Index(), 1);
-  EXPECT_THAT(textsOf(list), ElementsAre("ATLAS", "CALYPSO", "DELOS"));
+  EXPECT_THAT(textsOf(list), LinesAre({"ATLAS", "CALYPSO", "DELOS"}));
 }
 
 TEST_F(ListViewTest, HasNoSelectedRowUntilOneIsSelected) {
@@ -111,7 +111,7 @@ TEST_F(ListViewTest, RaisesErrorWhenTheMissingSelectedRowIsUsed) {
 TEST_F(ListViewTest, SelectsOneRowAtATime) {
   list.ListItems(1).Selected = true;
   list.ListItems(3).Selected = true;
-  EXPECT_THAT(selectedIn(list), ElementsAre("CALYPSO"));
+  EXPECT_THAT(selectedIn(list), LinesAre({"CALYPSO"}));
   EXPECT_EQ(list.SelectedItem()->Text, "CALYPSO");
   EXPECT_THAT(clicks, IsEmpty()) << "code raises no ItemClick";
 }
@@ -120,7 +120,7 @@ TEST_F(ListViewTest, OfSeveralLeavesTheOtherSelectedRowsAsTheyAre) {
   list.MultiSelect = true;
   list.ListItems(1).Selected = true;
   list.SetSelectedItem(&list.ListItems(3));
-  EXPECT_THAT(selectedIn(list), ElementsAre("ATLAS", "CALYPSO"));
+  EXPECT_THAT(selectedIn(list), LinesAre({"ATLAS", "CALYPSO"}));
   EXPECT_EQ(list.SelectedItem()->Text, "CALYPSO");
 }
 
@@ -159,7 +159,7 @@ TEST_F(ListViewTest, FindsARowByItsWholeTextInAnyCase) {
 }
 
 TEST_F(ListViewTest, TellsItsViewWhatHasChanged) {
-  RecordingView view;
+  RecordingListView view;
   list.attach(view);
   list.ListItems.Add("EOS");
   list.ListItems(5).SubItems(1) = "Windows XP";
@@ -171,7 +171,7 @@ TEST_F(ListViewTest, TellsItsViewWhatHasChanged) {
   EXPECT_EQ(list.ColumnHeaders(2).Index(), 2);
   list.ListItems.Remove(5);
   list.ListItems.Clear();
-  EXPECT_THAT(view.told, ElementsAre("rows", "row EOS", "show EOS", "row EOS", "columns", "rows", "rows"));
+  EXPECT_THAT(view.told, LinesAre({"rows", "row EOS", "show EOS", "row EOS", "columns", "rows", "rows"}));
 }
 
 TEST_F(ListViewTest, GivesItsRowsAnotherRevisionForAllThatIsSeenButTheSelection) {
@@ -192,14 +192,14 @@ TEST_F(ListViewTest, GivesItsRowsAnotherRevisionForAllThatIsSeenButTheSelection)
 
 TEST_F(ListViewTest, TellsItsViewOfBothRowsWhenTheSelectionMoves) {
   list.ListItems(1).Selected = true;
-  RecordingView view;
+  RecordingListView view;
   list.attach(view);
   list.ListItems(2).Selected = true;
-  EXPECT_THAT(view.told, ElementsAre("row ATLAS", "row BORA"));
+  EXPECT_THAT(view.told, LinesAre({"row ATLAS", "row BORA"}));
 }
 
 TEST_F(ListViewTest, TellsItsViewOnceOfABulkUpdate) {
-  RecordingView view;
+  RecordingListView view;
   list.attach(view);
   {
     ListView::BulkUpdate outer(list);
@@ -211,11 +211,11 @@ TEST_F(ListViewTest, TellsItsViewOnceOfABulkUpdate) {
     list.ListItems(1).Selected = true;
     EXPECT_THAT(view.told, IsEmpty());
   }
-  EXPECT_THAT(view.told, ElementsAre("rows"));
+  EXPECT_THAT(view.told, LinesAre({"rows"}));
 }
 
 TEST_F(ListViewTest, TellsItsViewNothingOfABulkUpdateThatChangedNothing) {
-  RecordingView view;
+  RecordingListView view;
   list.attach(view);
   { ListView::BulkUpdate update(list); }
   EXPECT_THAT(view.told, IsEmpty());
@@ -224,28 +224,28 @@ TEST_F(ListViewTest, TellsItsViewNothingOfABulkUpdateThatChangedNothing) {
 TEST_F(ListViewTest, SelectsTheRowThatTheUserClicks) {
   list.userClick(2);
   list.userClick(3);
-  EXPECT_THAT(selectedIn(list), ElementsAre("CALYPSO"));
+  EXPECT_THAT(selectedIn(list), LinesAre({"CALYPSO"}));
   EXPECT_EQ(list.SelectedItem()->Text, "CALYPSO");
-  EXPECT_THAT(clicks, ElementsAre("BORA", "CALYPSO"));
+  EXPECT_THAT(clicks, LinesAre({"BORA", "CALYPSO"}));
 }
 
 TEST_F(ListViewTest, OfSeveralTakesAClickWithTheKeysThatExtendIt) {
   list.MultiSelect = true;
   list.userClick(2);
   list.userClick(4, kShift);
-  EXPECT_THAT(selectedIn(list), ElementsAre("BORA", "CALYPSO", "DELOS"));
+  EXPECT_THAT(selectedIn(list), LinesAre({"BORA", "CALYPSO", "DELOS"}));
   list.userClick(3, kControl);
-  EXPECT_THAT(selectedIn(list), ElementsAre("BORA", "DELOS"));
+  EXPECT_THAT(selectedIn(list), LinesAre({"BORA", "DELOS"}));
   EXPECT_EQ(list.SelectedItem()->Text, "CALYPSO") << "the focus rectangle is where the user clicked";
   list.userClick(1);
-  EXPECT_THAT(selectedIn(list), ElementsAre("ATLAS"));
+  EXPECT_THAT(selectedIn(list), LinesAre({"ATLAS"}));
 }
 
 TEST_F(ListViewTest, OfOneTakesNoNoticeOfTheKeysThatExtend) {
   list.userClick(2);
   list.userClick(4, kShift);
   list.userSelectAll();
-  EXPECT_THAT(selectedIn(list), ElementsAre("DELOS"));
+  EXPECT_THAT(selectedIn(list), LinesAre({"DELOS"}));
 }
 
 TEST_F(ListViewTest, ClearsTheSelectionWhenTheUserClicksBesideTheRows) {
@@ -259,19 +259,19 @@ TEST_F(ListViewTest, ClearsTheSelectionWhenTheUserClicksBesideTheRows) {
 
 TEST_F(ListViewTest, SelectsAllRowsAtOnce) {
   list.MultiSelect = true;
-  RecordingView view;
+  RecordingListView view;
   list.attach(view);
   list.userSelectAll();
   EXPECT_EQ(selectedIn(list).size(), 4u);
-  EXPECT_THAT(view.told, ElementsAre("rows"));
+  EXPECT_THAT(view.told, LinesAre({"rows"}));
   EXPECT_THAT(clicks, IsEmpty());
 }
 
 TEST_F(ListViewTest, TakesAWholeSelectionFromTheUser) {
   list.MultiSelect = true;
   list.userSelection({1, 3, 7}, 3);
-  EXPECT_THAT(selectedIn(list), ElementsAre("ATLAS", "CALYPSO"));
-  EXPECT_THAT(clicks, ElementsAre("CALYPSO"));
+  EXPECT_THAT(selectedIn(list), LinesAre({"ATLAS", "CALYPSO"}));
+  EXPECT_THAT(clicks, LinesAre({"CALYPSO"}));
   list.userSelection({}, 0);
   EXPECT_THAT(selectedIn(list), IsEmpty());
   EXPECT_FALSE(list.SelectedItem());
@@ -281,7 +281,7 @@ TEST_F(ListViewTest, TellsADoubleClickBehindTheClick) {
   list.DblClick = [this] { clicks.push_back("double"); };
   list.userDblClick(2);
   list.userDblClick(0);
-  EXPECT_THAT(clicks, ElementsAre("BORA", "double", "double"));
+  EXPECT_THAT(clicks, LinesAre({"BORA", "double", "double"}));
 }
 
 TEST_F(ListViewTest, TellsKeysColumnsAndMouseButtons) {
@@ -300,13 +300,13 @@ TEST_F(ListViewTest, TellsKeysColumnsAndMouseButtons) {
   list.userColumnClick(4);
   list.userMouseDown(MouseButton::Right, 0);
   list.userMouseUp(MouseButton::Left, 3, 2, 2);
-  EXPECT_THAT(seen, ElementsAre("key 13", "column Type", "down beside", "left CALYPSO 2 2"));
+  EXPECT_THAT(seen, LinesAre({"key 13", "column Type", "down beside", "left CALYPSO 2 2"}));
 }
 
 TEST_F(ListViewTest, LeavesTheSelectionToTheHandlerOfTheRightButton) {
   list.userClick(1);
   list.userMouseDown(MouseButton::Right, 3);
-  EXPECT_THAT(selectedIn(list), ElementsAre("ATLAS"));
+  EXPECT_THAT(selectedIn(list), LinesAre({"ATLAS"}));
 }
 
 TEST_F(ListViewTest, IsOutOfTheUsersReachWhileDisabled) {

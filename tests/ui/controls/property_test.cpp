@@ -1,4 +1,5 @@
 #include "ui/controls/property.h"
+#include "tests/fakes/lines_are.h"
 
 #include <gmock/gmock.h>
 
@@ -43,7 +44,7 @@ TEST(Property, TellsItsOwnerWhenItIsSet) {
   thing.Caption = "new";
   thing.Value = 2;
   EXPECT_EQ(thing.Caption, "new");
-  EXPECT_THAT(thing.told, testing::ElementsAre("Caption", "Value"));
+  EXPECT_THAT(thing.told, LinesAre({"Caption", "Value"}));
 }
 
 TEST(Property, TellsNobodyWhenItIsSetToWhatItIsAlready) {
@@ -58,7 +59,7 @@ TEST(Property, TakesTheValueOfAnotherPropertyAndNotItsOwner) {
   other.Caption.settle("theirs");
   thing.Caption = other.Caption;
   EXPECT_EQ(thing.Caption, "theirs");
-  EXPECT_THAT(thing.told, testing::ElementsAre("Caption"));
+  EXPECT_THAT(thing.told, LinesAre({"Caption"}));
   EXPECT_THAT(other.told, testing::IsEmpty());
 }
 

@@ -1,4 +1,5 @@
 #include "ui/controls/screen.h"
+#include "tests/fakes/lines_are.h"
 
 #include <gmock/gmock.h>
 
@@ -9,7 +10,6 @@
 namespace varnhold::ui {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* kReported =
@@ -37,11 +37,11 @@ TEST_F(ScreenTest, ShowsMessageBoxesWithTheApplicationTitle) {
   ui.screen.MsgBox(
       {.text = "Could not start Notepad.exe.", .icon = BoxIcon::Critical, .title = "Traffic Analyzer"});
   ui.screen.systemModalBox("Aborting...", platform::MessageIcon::Critical);
-  EXPECT_THAT(journal, ElementsAre("MessageBox exclamation: Could not retrieve members.",
-                                   "MessageBox critical: Broken.",
-                                   "MessageBox plain: There are no groups that can be edited.",
-                                   "MessageBox critical \"Traffic Analyzer\": Could not start Notepad.exe.",
-                                   "MessageBox critical system modal: Aborting..."));
+  EXPECT_THAT(journal,
+              LinesAre({"MessageBox exclamation: Could not retrieve members.", "MessageBox critical: Broken.",
+                        "MessageBox plain: There are no groups that can be edited.",
+                        "MessageBox critical \"Traffic Analyzer\": Could not start Notepad.exe.",
+                        "MessageBox critical system modal: Aborting..."}));
 }
 
 TEST_F(ScreenTest, AsksQuestions) {
@@ -50,7 +50,7 @@ TEST_F(ScreenTest, AsksQuestions) {
   const MessageBox question{.text = "Sure?", .icon = BoxIcon::Question, .buttons = BoxButtons::YesNo};
   EXPECT_EQ(ui.screen.MsgBox(question), Answer::No);
   EXPECT_EQ(ui.screen.MsgBox(question), Answer::Yes);
-  EXPECT_THAT(journal, ElementsAre("MessageBox question: Sure? -> No", "MessageBox question: Sure? -> Yes"));
+  EXPECT_THAT(journal, LinesAre({"MessageBox question: Sure? -> No", "MessageBox question: Sure? -> Yes"}));
 }
 
 TEST_F(ScreenTest, AsksForALineOfText) {
@@ -59,7 +59,7 @@ TEST_F(ScreenTest, AsksForALineOfText) {
   EXPECT_EQ(ui.screen.InputBox("Enter Computer name or IP address:"), "ATLAS");
   EXPECT_EQ(ui.screen.InputBox("Again:"), "");
   EXPECT_THAT(journal,
-              ElementsAre("InputBox Enter Computer name or IP address: -> ATLAS", "InputBox Again: -> "));
+              LinesAre({"InputBox Enter Computer name or IP address: -> ATLAS", "InputBox Again: -> "}));
 }
 
 TEST_F(ScreenTest, AsksForAFileAndKeepsTheNameWhenTheUserCancels) {
@@ -72,9 +72,9 @@ TEST_F(ScreenTest, AsksForAFileAndKeepsTheNameWhenTheUserCancels) {
   EXPECT_EQ(dialog.FileName, R"(C:\vhaconfig.ini)");
   EXPECT_THAT(
       journal,
-      ElementsAre(
-          "OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini -> cancelled",
-          R"(OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini -> C:\vhaconfig.ini)"));
+      LinesAre(
+          {"OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini -> cancelled",
+           R"(OpenFile Select Config File|Varnhold Agent Config Files (*.ini)|*.ini -> C:\vhaconfig.ini)"}));
 }
 
 TEST_F(ScreenTest, SetsThePointerOfTheWholeProgram) {
@@ -82,7 +82,7 @@ TEST_F(ScreenTest, SetsThePointerOfTheWholeProgram) {
   ui.screen.MousePointer = Pointer::Hourglass;
   ui.screen.MousePointer = Pointer::Default;
   frmMain.MousePointer = Pointer::Hourglass;
-  EXPECT_THAT(journal, ElementsAre("Pointer 11", "Pointer 0"));
+  EXPECT_THAT(journal, LinesAre({"Pointer 11", "Pointer 0"}));
 }
 
 TEST_F(ScreenTest, RunsOtherHandlersWhileItPumpsEvents) {
@@ -94,7 +94,7 @@ TEST_F(ScreenTest, RunsOtherHandlersWhileItPumpsEvents) {
   };
   ui.onPump = [this] { frmMain.cmdCancel.userClick(); };
   frmMain.cmdOK.userClick();
-  EXPECT_THAT(journal, ElementsAre("stop", "done"));
+  EXPECT_THAT(journal, LinesAre({"stop", "done"}));
 }
 
 TEST_F(ScreenTest, TellsTheWorkArea) {
@@ -108,7 +108,7 @@ TEST_F(ScreenTest, ShowsARunTimeErrorThatLeavesAHandlerAndEndsTheProgram) {
   showMain();
   frmMain.cmdOK.Click = fail;
   frmMain.cmdOK.userClick();
-  EXPECT_THAT(journal, ElementsAre(kReported));
+  EXPECT_THAT(journal, LinesAre({kReported}));
   EXPECT_TRUE(ui.screen.hasEnded());
 }
 
@@ -117,7 +117,7 @@ TEST_F(ScreenTest, ShowsAnyOtherExceptionAsError51) {
   showMain();
   frmMain.cmdOK.Click = [] { throw std::out_of_range("vector"); };
   frmMain.cmdOK.userClick();
-  EXPECT_THAT(journal, ElementsAre("MessageBox critical: Run-time error '51':<CR><LF><CR><LF>vector"));
+  EXPECT_THAT(journal, LinesAre({"MessageBox critical: Run-time error '51':<CR><LF><CR><LF>vector"}));
   EXPECT_TRUE(ui.screen.hasEnded());
 }
 
@@ -129,7 +129,7 @@ TEST_F(ScreenTest, LeavesAnErrorToAHandlerThatHasOneOfItsOwn) {
     journal.push_back("went on");
   };
   frmMain.cmdOK.userClick();
-  EXPECT_THAT(journal, ElementsAre("went on"));
+  EXPECT_THAT(journal, LinesAre({"went on"}));
   EXPECT_FALSE(ui.screen.hasEnded());
 }
 
@@ -143,7 +143,7 @@ TEST_F(ScreenTest, EndsTheProgramThoughTheCallerOfTheEventHasAHandler) {
     journal.push_back("never reached");
   };
   frmMain.cmdOK.userClick();
-  EXPECT_THAT(journal, ElementsAre(kReported));
+  EXPECT_THAT(journal, LinesAre({kReported}));
   EXPECT_TRUE(ui.screen.hasEnded());
 }
 
@@ -158,7 +158,7 @@ TEST_F(ScreenTest, LetsTheCallerHandleTheErrorOfAMethodThatItCalls) {
     }
   };
   frmMain.cmdOK.userClick();
-  EXPECT_THAT(journal, ElementsAre("MessageBox critical: No such column: Port."));
+  EXPECT_THAT(journal, LinesAre({"MessageBox critical: No such column: Port."}));
   EXPECT_FALSE(ui.screen.hasEnded());
 }
 
@@ -176,7 +176,7 @@ TEST_F(ScreenTest, UnwindsTheHandlersUnderAModalFormWhenAnErrorEndsTheProgram) {
   });
   journal.clear();
   frmMain.cmdOK.userClick();
-  EXPECT_THAT(fakes::linesWithout(journal, {"frmA", "Show"}), ElementsAre(kReported));
+  EXPECT_THAT(fakes::linesWithout(journal, {"frmA", "Show"}), LinesAre({kReported}));
 }
 
 TEST_F(ScreenTest, UnwindsAHandlerThatPumpsEventsWhenAnErrorEndsTheProgram) {
@@ -189,7 +189,7 @@ TEST_F(ScreenTest, UnwindsAHandlerThatPumpsEventsWhenAnErrorEndsTheProgram) {
   };
   ui.onPump = [this] { frmMain.cmdCancel.userClick(); };
   frmMain.cmdOK.userClick();
-  EXPECT_THAT(journal, ElementsAre(kReported));
+  EXPECT_THAT(journal, LinesAre({kReported}));
 }
 
 TEST_F(ScreenTest, EndsTheProgramOnAnErrorInEachEventOfAFormsLife) {
@@ -245,14 +245,13 @@ TEST_F(ScreenTest, RunsUntilTheLastFormIsUnloaded) {
     frmMain.userClose();
   };
   EXPECT_EQ(ui.screen.run([this] { frmMain.Show(); }), 0);
-  EXPECT_THAT(fakes::linesWithout(journal, {"frmMain"}),
-              ElementsAre("Show frmMain", "loop", "Close frmMain"));
+  EXPECT_THAT(fakes::linesWithout(journal, {"frmMain"}), LinesAre({"Show frmMain", "loop", "Close frmMain"}));
 }
 
 TEST_F(ScreenTest, RunsNoLoopWhenTheStartLeavesNoFormShown) {
   ui.onLoop = [this] { journal.push_back("loop"); };
   EXPECT_EQ(ui.screen.run([this] { frmMain.Load(); }), 0);
-  EXPECT_THAT(journal, ElementsAre("frmMain Load"));
+  EXPECT_THAT(journal, LinesAre({"frmMain Load"}));
 }
 
 TEST_F(ScreenTest, LetsTheStartShowAndUnloadFormsBeforeTheFirstThatStays) {
@@ -265,7 +264,7 @@ TEST_F(ScreenTest, LetsTheStartShowAndUnloadFormsBeforeTheFirstThatStays) {
     frmMain.Show();
   }),
             0);
-  EXPECT_THAT(fakes::linesOf(journal, "Show"), ElementsAre("Show frmA", "Show modal frmA", "Show frmMain"));
+  EXPECT_THAT(fakes::linesOf(journal, "Show"), LinesAre({"Show frmA", "Show modal frmA", "Show frmMain"}));
 }
 
 TEST_F(ScreenTest, LeavesHiddenFormsWithoutAnEventWhenTheProgramEnds) {
@@ -274,13 +273,13 @@ TEST_F(ScreenTest, LeavesHiddenFormsWithoutAnEventWhenTheProgramEnds) {
     frmA.Load();
     frmMain.Show();
   });
-  EXPECT_THAT(fakes::linesOf(journal, "frmA"), ElementsAre("frmA Load"));
+  EXPECT_THAT(fakes::linesOf(journal, "frmA"), LinesAre({"frmA Load"}));
 }
 
 TEST_F(ScreenTest, GivesExitStatusOneWhenARunTimeErrorEndedTheRun) {
   ui.endsByRunTimeError = true;
   EXPECT_EQ(ui.screen.run(fail), 1);
-  EXPECT_THAT(journal, ElementsAre(kReported));
+  EXPECT_THAT(journal, LinesAre({kReported}));
 }
 
 TEST_F(ScreenTest, GivesExitStatusZeroWhenCodeEndedTheRun) {

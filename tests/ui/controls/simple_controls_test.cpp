@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/controls/recording_form.h"
 #include "ui/controls/caption.h"
 #include "ui/controls/check_box.h"
@@ -130,7 +131,7 @@ TEST_F(OptionButtonTest, RaisesClickOnlyForTheOneThatIsChosen) {
   form.optKind(0).Value = true;
   form.optKind(1).userClick();
   form.optKind(0).Value = true;
-  EXPECT_THAT(form.clicks, ElementsAre("kind 0", "kind 1", "kind 0"));
+  EXPECT_THAT(form.clicks, LinesAre({"kind 0", "kind 1", "kind 0"}));
 }
 
 TEST_F(OptionButtonTest, RaisesNothingWhenItIsChosenAlreadyOrCleared) {
@@ -166,7 +167,7 @@ TEST_F(OptionButtonTest, CannotBeChosenInADisabledOrInvisibleFrame) {
 TEST_F(OptionButtonTest, CodeSetsItInADisabledFrameToo) {
   form.fraKind.Enabled = false;
   form.optKind(1).Value = true;
-  EXPECT_THAT(form.clicks, ElementsAre("kind 1"));
+  EXPECT_THAT(form.clicks, LinesAre({"kind 1"}));
 }
 
 TEST(ControlArray, RefusesAnIndexThatItDoesNotHave) {
@@ -188,7 +189,7 @@ TEST(Label, TellsAPressAndTheMovesOfThePointer) {
   label.userPress();
   label.userPress(MouseButton::Right);
   label.userMove(false);
-  EXPECT_THAT(seen, ElementsAre("in", "left", "click", "right", "out"));
+  EXPECT_THAT(seen, LinesAre({"in", "left", "click", "right", "out"}));
 }
 
 TEST(ProgressBar, RefusesAValueOutsideItsRange) {
@@ -212,7 +213,7 @@ TEST(Splitter, TellsADragAndStaysUntilItIsSet) {
   splitter.userPress(3000);
   splitter.userMove(3500);
   splitter.userRelease(4000);
-  EXPECT_THAT(seen, ElementsAre("down 3000", "move 3500", "up 4000"));
+  EXPECT_THAT(seen, LinesAre({"down 3000", "move 3500", "up 4000"}));
   EXPECT_EQ(splitter.Position, 3000);
 }
 

@@ -1,4 +1,5 @@
 #include "ui/controls/timer.h"
+#include "tests/fakes/lines_are.h"
 
 #include <gmock/gmock.h>
 
@@ -7,7 +8,6 @@
 namespace varnhold::ui {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class TimerForm : public RecordingForm {
@@ -34,17 +34,17 @@ TEST_F(TimerTest, TicksFromTheLoadOnWhetherTheFormIsShownOrNot) {
   EXPECT_THAT(form.ticks, IsEmpty());
   form.Load();
   ui.advance(2500);
-  EXPECT_THAT(form.ticks, ElementsAre("one", "one"));
+  EXPECT_THAT(form.ticks, LinesAre({"one", "one"}));
 }
 
 TEST_F(TimerTest, TicksWhileItIsEnabled) {
   form.Load();
   form.tmrTwo.Enabled = true;
   ui.advance(1000);
-  EXPECT_THAT(form.ticks, ElementsAre("two", "two", "one"));
+  EXPECT_THAT(form.ticks, LinesAre({"two", "two", "one"}));
   form.tmrTwo.Enabled = false;
   ui.advance(1000);
-  EXPECT_THAT(form.ticks, ElementsAre("two", "two", "one", "one"));
+  EXPECT_THAT(form.ticks, LinesAre({"two", "two", "one", "one"}));
 }
 
 TEST_F(TimerTest, MayTurnItselfOffAndOnInItsTick) {
@@ -55,7 +55,7 @@ TEST_F(TimerTest, MayTurnItselfOffAndOnInItsTick) {
     if (form.ticks.size() < 2) form.tmrOne.Enabled = true;
   };
   ui.advance(9000);
-  EXPECT_THAT(form.ticks, ElementsAre("one", "one"));
+  EXPECT_THAT(form.ticks, LinesAre({"one", "one"}));
 }
 
 TEST_F(TimerTest, BeginsANewIntervalWhenItIsSet) {
@@ -65,7 +65,7 @@ TEST_F(TimerTest, BeginsANewIntervalWhenItIsSet) {
   ui.advance(499);
   EXPECT_THAT(form.ticks, IsEmpty());
   ui.advance(1);
-  EXPECT_THAT(form.ticks, ElementsAre("one"));
+  EXPECT_THAT(form.ticks, LinesAre({"one"}));
   form.tmrOne.Interval = 0;
   ui.advance(9000);
   EXPECT_EQ(form.ticks.size(), 1u);
@@ -99,7 +99,7 @@ TEST_F(TimerTest, TicksUnderAModalForm) {
     other.Unload();
   });
   modal.ShowModal();
-  EXPECT_THAT(form.ticks, ElementsAre("one"));
+  EXPECT_THAT(form.ticks, LinesAre({"one"}));
 }
 
 TEST_F(TimerTest, DropsATickThatWasUnderWayWhenItWasTurnedOff) {
@@ -115,7 +115,7 @@ TEST_F(TimerTest, EndsTheProgramOnARunTimeErrorInItsTick) {
   form.tmrOne.Tick = [] { throw RuntimeError(5, "Invalid."); };
   ui.advance(3000);
   EXPECT_THAT(fakes::linesOf(journal, "MessageBox"),
-              ElementsAre("MessageBox critical: Run-time error '5':<CR><LF><CR><LF>Invalid."));
+              LinesAre({"MessageBox critical: Run-time error '5':<CR><LF><CR><LF>Invalid."}));
   EXPECT_TRUE(ui.screen.hasEnded());
 }
 

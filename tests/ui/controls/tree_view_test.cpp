@@ -1,4 +1,5 @@
 #include "ui/controls/tree_view.h"
+#include "tests/fakes/lines_are.h"
 
 #include <gmock/gmock.h>
 
@@ -7,11 +8,10 @@
 namespace varnhold::ui {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// A view that writes down what it is told.
-class RecordingView : public TreeControlView {
+class RecordingTreeView : public TreeControlView {
  public:
   std::vector<std::string> told;
   void sync() override { told.push_back("sync"); }
@@ -46,7 +46,7 @@ TEST_F(TreeViewTest, CountsNodesInTheOrderInWhichTheyWereAdded) {
   EXPECT_EQ(tree.Nodes(2).Key(), "BerlinKey");
   EXPECT_EQ(tree.Nodes(2).Parent(), &tree.Nodes(1));
   EXPECT_EQ(tree.Nodes(1).Parent(), nullptr);
-  EXPECT_THAT(tree.Nodes(1).Children(), ElementsAre(&tree.Nodes(2), &tree.Nodes(3)));
+  EXPECT_THAT(tree.Nodes(1).Children(), testing::ElementsAre(&tree.Nodes(2), &tree.Nodes(3)));
 }
 
 TEST_F(TreeViewTest, RefusesAKeyThatItHasAlready) {
@@ -88,7 +88,7 @@ TEST_F(TreeViewTest, RaisesNodeClickForTheUserAlsoOnTheSelectedNode) {
   tree.userClick(2);
   tree.userClick(2);
   tree.userClick(0);
-  EXPECT_THAT(seen, ElementsAre("click Berlin", "click Berlin"));
+  EXPECT_THAT(seen, LinesAre({"click Berlin", "click Berlin"}));
   EXPECT_TRUE(tree.Nodes(2).Selected());
 }
 
@@ -105,7 +105,7 @@ TEST_F(TreeViewTest, RaisesExpandAndCollapseForTheUserAndForCode) {
   tree.Nodes(1).Expanded = true;
   tree.userExpand(1, false);
   tree.userExpand(1, false);
-  EXPECT_THAT(seen, ElementsAre("expand Groups", "collapse Groups"));
+  EXPECT_THAT(seen, LinesAre({"expand Groups", "collapse Groups"}));
 }
 
 TEST_F(TreeViewTest, DoesNotExpandANodeWithoutChildren) {
@@ -121,15 +121,15 @@ TEST_F(TreeViewTest, SelectsTheNodeThatIsClosedOverTheSelectedOne) {
   seen.clear();
   tree.userExpand(1, false);
   EXPECT_EQ(tree.SelectedItem()->Text, "Groups");
-  EXPECT_THAT(seen, ElementsAre("collapse Groups"));
+  EXPECT_THAT(seen, LinesAre({"collapse Groups"}));
 }
 
 TEST_F(TreeViewTest, OpensWhatANodeStandsUnderToShowIt) {
-  RecordingView view;
+  RecordingTreeView view;
   tree.attach(view);
   tree.Nodes(3).EnsureVisible();
   EXPECT_TRUE(tree.Nodes(1).Expanded);
-  EXPECT_THAT(seen, ElementsAre("expand Groups"));
+  EXPECT_THAT(seen, LinesAre({"expand Groups"}));
   EXPECT_EQ(view.told.back(), "show Paris");
 }
 
@@ -142,7 +142,7 @@ TEST_F(TreeViewTest, TellsMouseButtonsWithTheNodeUnderThePointer) {
   tree.userMouseDown(MouseButton::Right, 2);
   tree.userMouseUp(MouseButton::Right, 2);
   tree.userMouseDown(MouseButton::Right, 0);
-  EXPECT_THAT(seen, ElementsAre("right Berlin", "up", "right nothing"));
+  EXPECT_THAT(seen, LinesAre({"right Berlin", "up", "right nothing"}));
   EXPECT_FALSE(tree.SelectedItem());
 }
 
@@ -154,7 +154,7 @@ TEST_F(TreeViewTest, IsOutOfTheUsersReachWhileDisabled) {
 }
 
 TEST_F(TreeViewTest, TellsItsViewWhatHasChanged) {
-  RecordingView view;
+  RecordingTreeView view;
   tree.attach(view);
   tree.Nodes.Add("root", Relationship::Child, "RomeKey", "Rome");
   tree.Nodes(4).Select();
@@ -162,7 +162,7 @@ TEST_F(TreeViewTest, TellsItsViewWhatHasChanged) {
   tree.Nodes(4).Text = "Roma";
   tree.Nodes(1).Expanded = true;
   tree.Nodes.Clear();
-  EXPECT_THAT(view.told, ElementsAre("added Rome", "selection", "changed Roma", "changed Groups", "cleared"));
+  EXPECT_THAT(view.told, LinesAre({"added Rome", "selection", "changed Roma", "changed Groups", "cleared"}));
 }
 
 TEST_F(TreeViewTest, ComesBackWithoutNodes) {

@@ -1,4 +1,5 @@
 // Tool bars, status bars and splitters on a screen.
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/wx/stage.h"
 #include "ui/controls/splitter.h"
 #include "ui/controls/status_bar.h"
@@ -10,8 +11,6 @@
 
 namespace varnhold::ui::wx {
 namespace {
-
-using testing::ElementsAre;
 
 class Bars : public WxTest {};
 
@@ -44,7 +43,7 @@ TEST_F(Bars, AToolButtonIsToldByItsIndex) {
   wxCommandEvent click(wxEVT_TOOL, bar.GetToolByPos(1)->GetId());
   bar.HandleWindowEvent(click);
   settle();
-  EXPECT_THAT(journal, ElementsAre("Click Remove System "));
+  EXPECT_THAT(journal, LinesAre({"Click Remove System "}));
   form.Unload();
 }
 
@@ -115,7 +114,7 @@ TEST_F(Bars, ADragIsToldInTwipsFromTheFormsLeftEdge) {
   send(wxEVT_MOTION, -100);
   send(wxEVT_LEFT_UP, -100);
   settle();
-  EXPECT_THAT(journal, ElementsAre("down 3030", "move 1500", "up 1500"));
+  EXPECT_THAT(journal, LinesAre({"down 3030", "move 1500", "up 1500"}));
   EXPECT_EQ(form.left->GetSize().x, pixels(*form.left, 3000)) << "the bar stays until the form moves it";
   form.Unload();
 }

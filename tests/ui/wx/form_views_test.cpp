@@ -39,8 +39,6 @@ class FormViews : public WxTest {
   std::unique_ptr<FormWindow> window_;
 };
 
-const std::string kLongName = "A-COMPUTER-WITH-A-LONG-NAME.of-a-long-domain.example.internal";
-
 TEST_F(FormViews, TheConsole) {
   forms.frmMain.tbClientManager.Visible = true;
   forms.frmMain.lblTitle(1).Caption = " " + kLongName + " - " + kLongName;

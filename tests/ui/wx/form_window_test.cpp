@@ -1,6 +1,7 @@
 // A form's window: size, state, keys, boxes.
 #include <wx/uiaction.h>
 
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/wx/stage.h"
 #include "ui/controls/timer.h"
 #include "ui/wx/twips.h"
@@ -116,7 +117,7 @@ TEST_F(FormWindows, ClosingByTheFrameAsksTheForm) {
   shown().Close();
   EXPECT_TRUE(form.Visible()) << "never inside the toolkit's own call";
   settle();
-  EXPECT_THAT(journal, ElementsAre("QueryUnload 0"));
+  EXPECT_THAT(journal, LinesAre({"QueryUnload 0"}));
   EXPECT_FALSE(form.isLoaded());
 }
 
@@ -124,7 +125,7 @@ TEST_F(FormWindows, EscapePressesTheCancellingButtonAndEnterTheFocusedOne) {
   shown();
   press(WXK_ESCAPE);
   settle();
-  EXPECT_THAT(journal, ElementsAre("KeyDown 27", "Cancel"));
+  EXPECT_THAT(journal, LinesAre({"KeyDown 27", "Cancel"}));
   journal.clear();
   press(WXK_RETURN);
   settle();
@@ -145,14 +146,14 @@ TEST_F(FormWindows, AMnemonicPressesItsButton) {
   press('H', wxMOD_ALT);
   EXPECT_TRUE(stage.waitFor([&] { return !journal.empty(); }));
   settle();
-  EXPECT_THAT(journal, ElementsAre("Help"));
+  EXPECT_THAT(journal, LinesAre({"Help"}));
 }
 
 TEST_F(FormWindows, AKeyOfNobodyReachesTheForm) {
   shown();
   press(WXK_F1);
   settle();
-  EXPECT_THAT(journal, ElementsAre("KeyDown 112"));
+  EXPECT_THAT(journal, LinesAre({"KeyDown 112"}));
 }
 
 TEST_F(FormWindows, AMessageBoxWaitsForItsButtonAndNothingActivatesBehindIt) {
@@ -201,7 +202,7 @@ TEST_F(FormWindows, RefreshPaintsAndLetsNoActThrough) {
   EXPECT_TRUE(painted);
   EXPECT_THAT(journal, ElementsAre());
   settle();
-  EXPECT_THAT(journal, ElementsAre("OK"));
+  EXPECT_THAT(journal, LinesAre({"OK"}));
 }
 
 }  // namespace

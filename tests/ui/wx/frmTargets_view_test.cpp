@@ -11,7 +11,6 @@
 namespace varnhold::ui::wx {
 namespace {
 
-const std::string kLongName = "A-COMPUTER-WITH-A-LONG-NAME.of-a-long-domain.example.internal";
 // A screen of 1024 by 740 at 100 %, in letters and lines of text.
 constexpr int kMostLetters = 128, kMostLines = 41;
 

@@ -1,4 +1,5 @@
 // List boxes and combo boxes on a screen.
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/wx/stage.h"
 #include "ui/controls/combo_box.h"
 #include "ui/controls/list_box.h"
@@ -7,8 +8,6 @@
 
 namespace varnhold::ui::wx {
 namespace {
-
-using testing::ElementsAre;
 
 class ItemWidgets : public WxTest {
  protected:
@@ -28,7 +27,7 @@ TEST_F(ItemWidgets, AListBoxShowsItsEntriesAsTheyComeAndGo) {
   form.control.RemoveItem(1);
   settle();
   auto& list = form.widget<wxListBox>();
-  EXPECT_THAT(list.GetStrings(), ElementsAre("ATLAS", "CRONUS", "DIONE"));
+  EXPECT_THAT(list.GetStrings(), LinesAre({"ATLAS", "CRONUS", "DIONE"}));
   form.control.Clear();
   settle();
   EXPECT_EQ(list.GetCount(), 0u);
@@ -47,7 +46,7 @@ TEST_F(ItemWidgets, AListBoxShowsTheCurrentEntryAndTakesTheUsers) {
   list.SetSelection(0);
   sendCommand(list, wxEVT_LISTBOX, 0);
   settle();
-  EXPECT_THAT(journal, ElementsAre("Click 0"));
+  EXPECT_THAT(journal, LinesAre({"Click 0"}));
   EXPECT_EQ(form.control.Text(), "ATLAS");
   form.Unload();
 }
@@ -68,7 +67,7 @@ TEST_F(ItemWidgets, AListBoxOfSeveralTakesTheWholeSelection) {
   sendCommand(list, wxEVT_LISTBOX, 0);
   settle();
   EXPECT_TRUE(form.control.Selected(0) && form.control.Selected(1) && !form.control.Selected(3));
-  EXPECT_THAT(journal, ElementsAre("Click 0"));
+  EXPECT_THAT(journal, LinesAre({"Click 0"}));
   form.Unload();
 }
 
@@ -94,7 +93,7 @@ TEST_F(ItemWidgets, ADropDownListShowsAndTakesAnEntry) {
   sendCommand(choice, wxEVT_CHOICE, 3);
   settle();
   EXPECT_EQ(form.control.Text, "DIONE");
-  EXPECT_THAT(journal, ElementsAre("Click 3"));
+  EXPECT_THAT(journal, LinesAre({"Click 3"}));
   form.Unload();
 }
 
@@ -116,7 +115,7 @@ TEST_F(ItemWidgets, AFreeComboBoxTakesTypedTextAndEntries) {
   sendCommand(combo, wxEVT_COMBOBOX, 1);
   settle();
   EXPECT_EQ(form.control.Text, "BOREAS");
-  EXPECT_THAT(journal, ElementsAre("Change HOST2", "Click 1"));
+  EXPECT_THAT(journal, LinesAre({"Change HOST2", "Click 1"}));
   form.Unload();
 }
 

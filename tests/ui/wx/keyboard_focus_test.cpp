@@ -1,14 +1,13 @@
 // Where the keyboard goes when the widget that had it goes dark or away: it is never left without a hearer.
 #include <wx/uiaction.h>
 
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/wx/stage.h"
 #include "ui/controls/containers.h"
 #include "ui/wx/bind_containers.h"
 
 namespace varnhold::ui::wx {
 namespace {
-
-using testing::ElementsAre;
 
 class ButtonsForm : public Form {
  public:
@@ -61,7 +60,7 @@ class KeyboardFocus : public WxTest {
     journal.clear();
     wxUIActionSimulator().Char(WXK_F1);
     settle();
-    EXPECT_THAT(journal, ElementsAre("key " + std::to_string(kKeyF1)));
+    EXPECT_THAT(journal, LinesAre({"key " + std::to_string(kKeyF1)}));
   }
 
   ButtonsForm form{screen, journal, "frmA"};

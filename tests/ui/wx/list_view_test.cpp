@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <wx/uiaction.h>
 
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/wx/list_reader.h"
 #include "tests/ui/wx/stage.h"
 #include "ui/wx/bind_list_view.h"
@@ -89,8 +90,8 @@ class SingleListViewTest : public ListViewTest {
 // From the control to the widget.
 
 TEST_F(ListViewTest, ShowsColumnsAndCells) {
-  EXPECT_THAT(headsShown(widget()), ElementsAre("Computer", "Type", "Port"));
-  EXPECT_THAT(columnShown(widget(), 1), ElementsAre("CALYPSO", "ATLAS", "DELOS", "BORA"));
+  EXPECT_THAT(headsShown(widget()), LinesAre({"Computer", "Type", "Port"}));
+  EXPECT_THAT(columnShown(widget(), 1), LinesAre({"CALYPSO", "ATLAS", "DELOS", "BORA"}));
   EXPECT_EQ(cellShown(widget(), 2, 2), "type of ATLAS");
   EXPECT_EQ(cellShown(widget(), 2, 3), "");
 }
@@ -100,7 +101,7 @@ TEST_F(ListViewTest, ShowsRowsThatComeGoAndChange) {
   list.ListItems.Remove(1);
   list.ListItems(1).SubItems(2) = "135";
   settle();
-  EXPECT_THAT(columnShown(widget(), 1), ElementsAre("ATLAS", "DELOS", "BORA", "EOS"));
+  EXPECT_THAT(columnShown(widget(), 1), LinesAre({"ATLAS", "DELOS", "BORA", "EOS"}));
   EXPECT_EQ(cellShown(widget(), 1, 3), "135");
   list.ListItems.Clear();
   settle();
@@ -111,12 +112,12 @@ TEST_F(ListViewTest, ShowsRowsInTheirSortedOrderWithTheArrow) {
   list.SortKey = 0;
   list.Sorted = true;
   settle();
-  EXPECT_THAT(columnShown(widget(), 1), ElementsAre("ATLAS", "BORA", "CALYPSO", "DELOS"));
+  EXPECT_THAT(columnShown(widget(), 1), LinesAre({"ATLAS", "BORA", "CALYPSO", "DELOS"}));
   EXPECT_EQ(sortArrowShown(widget()), "up 1");
   list.SortKey = 1;
   list.SortOrder = SortOrder::Descending;
   settle();
-  EXPECT_THAT(columnShown(widget(), 1), ElementsAre("DELOS", "CALYPSO", "BORA", "ATLAS"));
+  EXPECT_THAT(columnShown(widget(), 1), LinesAre({"DELOS", "CALYPSO", "BORA", "ATLAS"}));
   EXPECT_EQ(sortArrowShown(widget()), "down 2");
   list.Sorted = false;
   list.ListItems.Add("EOS");
@@ -153,7 +154,7 @@ TEST_F(ListViewTest, KeepsTheSelectionOnItsRowsWhenTheyAreSorted) {
   list.ListItems.Add("AEGIS");
   settle();
   EXPECT_THAT(rowsSelected(widget()), ElementsAre(5));
-  EXPECT_THAT(selectedRows(), ElementsAre("DELOS"));
+  EXPECT_THAT(selectedRows(), LinesAre({"DELOS"}));
 }
 
 TEST_F(SingleListViewTest, SelectsOneRowAtATime) {
@@ -188,18 +189,18 @@ TEST_F(ListViewTest, ScrollsToTheRowThatIsToBeSeen) {
   list.ListItems(1004).EnsureVisible();
   settle();
   clickRow(1004);
-  EXPECT_THAT(journal, ElementsAre("click PC999"));
+  EXPECT_THAT(journal, LinesAre({"click PC999"}));
 }
 
 // From the user to the control.
 
 TEST_F(ListViewTest, TakesAClickAlsoOnTheSelectedRow) {
   clickRow(2);
-  EXPECT_THAT(selectedRows(), ElementsAre("ATLAS"));
+  EXPECT_THAT(selectedRows(), LinesAre({"ATLAS"}));
   click(placeOfCell(widget(), 2, 2));  // elsewhere in the row, lest it be a double click
   clickRow(3);
-  EXPECT_THAT(selectedRows(), ElementsAre("DELOS"));
-  EXPECT_THAT(journal, ElementsAre("click ATLAS", "click ATLAS", "click DELOS"));
+  EXPECT_THAT(selectedRows(), LinesAre({"DELOS"}));
+  EXPECT_THAT(journal, LinesAre({"click ATLAS", "click ATLAS", "click DELOS"}));
   EXPECT_EQ(list.SelectedItem()->Text, "DELOS");
 }
 
@@ -207,10 +208,10 @@ TEST_F(ListViewTest, TakesClicksThatExtendTheSelection) {
   clickRow(1);
   clickHolding(widget(), WXK_SHIFT, placeOfCell(widget(), 3, 1));
   settle();
-  EXPECT_THAT(selectedRows(), ElementsAre("CALYPSO", "ATLAS", "DELOS"));
+  EXPECT_THAT(selectedRows(), LinesAre({"CALYPSO", "ATLAS", "DELOS"}));
   clickHolding(widget(), WXK_CONTROL, placeOfCell(widget(), 2, 1));
   settle();
-  EXPECT_THAT(selectedRows(), ElementsAre("CALYPSO", "DELOS"));
+  EXPECT_THAT(selectedRows(), LinesAre({"CALYPSO", "DELOS"}));
 }
 
 TEST_F(ListViewTest, ClearsTheSelectionByAClickBesideTheRows) {
@@ -227,10 +228,10 @@ TEST_F(ListViewTest, ClearsTheSelectionByAClickBesideTheRows) {
 TEST_F(ListViewTest, MovesWithTheArrowKeys) {
   clickRow(1);
   press(WXK_DOWN);
-  EXPECT_THAT(selectedRows(), ElementsAre("ATLAS"));
+  EXPECT_THAT(selectedRows(), LinesAre({"ATLAS"}));
   EXPECT_EQ(list.SelectedItem()->Text, "ATLAS");
   press(WXK_DOWN, wxMOD_SHIFT);
-  EXPECT_THAT(selectedRows(), ElementsAre("ATLAS", "DELOS"));
+  EXPECT_THAT(selectedRows(), LinesAre({"ATLAS", "DELOS"}));
 }
 
 TEST_F(ListViewTest, SelectsAllRowsByKeyWithoutAnEvent) {
@@ -245,7 +246,7 @@ TEST_F(ListViewTest, SelectsAllRowsByKeyWithoutAnEvent) {
 TEST_F(SingleListViewTest, SelectsNoOtherRowByTheKeyForAll) {
   clickRow(2);
   press('A', wxMOD_CONTROL);
-  EXPECT_THAT(selectedRows(), ElementsAre("ATLAS"));
+  EXPECT_THAT(selectedRows(), LinesAre({"ATLAS"}));
   EXPECT_THAT(rowsSelected(widget()), ElementsAre(2));
 }
 
@@ -253,7 +254,7 @@ TEST_F(ListViewTest, TellsTypedKeysAndEnter) {
   clickRow(1);
   journal.clear();
   press(WXK_RETURN);
-  EXPECT_THAT(journal, ElementsAre("key 13"));
+  EXPECT_THAT(journal, LinesAre({"key 13"}));
   journal.clear();
   press(WXK_SPACE);
   EXPECT_THAT(journal, testing::Contains("key 32"));
@@ -264,8 +265,8 @@ TEST_F(ListViewTest, FindsTheRowWhoseNameIsTyped) {
   clickRow(1);
   journal.clear();
   press('D');
-  EXPECT_THAT(selectedRows(), ElementsAre("DELOS"));
-  EXPECT_THAT(linesOf(journal, "click"), ElementsAre("click DELOS"));
+  EXPECT_THAT(selectedRows(), LinesAre({"DELOS"}));
+  EXPECT_THAT(linesOf(journal, "click"), LinesAre({"click DELOS"}));
 }
 
 TEST_F(ListViewTest, TellsADoubleClick) {
@@ -280,7 +281,7 @@ TEST_F(ListViewTest, TellsADoubleClick) {
 
 TEST_F(ListViewTest, TellsAClickOnAHead) {
   click(placeOfHead(widget(), 2));
-  EXPECT_THAT(journal, ElementsAre("column Type"));
+  EXPECT_THAT(journal, LinesAre({"column Type"}));
 }
 
 TEST_F(ListViewTest, TellsARightPressAndLeavesTheSelectionToItsHandler) {
@@ -288,7 +289,7 @@ TEST_F(ListViewTest, TellsARightPressAndLeavesTheSelectionToItsHandler) {
   hearMouse();
   journal.clear();
   click(placeOfCell(widget(), 3, 1), wxMOUSE_BTN_RIGHT);
-  EXPECT_THAT(journal, ElementsAre("down right DELOS 0 4", "up right DELOS 0 4"));
+  EXPECT_THAT(journal, LinesAre({"down right DELOS 0 4", "up right DELOS 0 4"}));
   EXPECT_THAT(rowsSelected(widget()), ElementsAre(1));
 }
 
@@ -308,10 +309,10 @@ TEST_F(ListViewTest, TellsWhichPartOfWhichCellWasPressed) {
   ASSERT_TRUE(pictureShown(widget(), 2, 3));
   hearMouse();
   click(placeOfPicture(widget(), 2, 1));
-  EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left ATLAS 0 2"));
+  EXPECT_THAT(linesOf(journal, "up"), LinesAre({"up left ATLAS 0 2"}));
   journal.clear();
   click(placeOfCell(widget(), 2, 1));
-  EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left ATLAS 0 4"));
+  EXPECT_THAT(linesOf(journal, "up"), LinesAre({"up left ATLAS 0 4"}));
 }
 
 TEST_F(ListViewTest, TellsThatACellBehindTheFirstWasPressedWhereverItWasPressed) {
@@ -322,11 +323,11 @@ TEST_F(ListViewTest, TellsThatACellBehindTheFirstWasPressedWhereverItWasPressed)
   for (const auto& place : {placeOfPicture(widget(), 2, 3), placeOfCell(widget(), 2, 3)}) {
     journal.clear();
     click(place);
-    EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left ATLAS 2 6"));
+    EXPECT_THAT(linesOf(journal, "up"), LinesAre({"up left ATLAS 2 6"}));
   }
   journal.clear();
   click(placeOfCell(widget(), 3, 2));
-  EXPECT_THAT(linesOf(journal, "up"), ElementsAre("up left DELOS 1 6")) << "also without a picture";
+  EXPECT_THAT(linesOf(journal, "up"), LinesAre({"up left DELOS 1 6"})) << "also without a picture";
 }
 
 TEST_F(ListViewTest, ShowsATextThatIsTooLongForItsCellUnderThePointer) {
@@ -346,7 +347,7 @@ TEST_F(ListViewTest, TakesTheMenuKeyForARightPressOnTheFocusedRow) {
   hearMouse();
   journal.clear();
   press(WXK_F10, wxMOD_SHIFT);
-  EXPECT_THAT(journal, ElementsAre("down right DELOS 0 4"));
+  EXPECT_THAT(journal, LinesAre({"down right DELOS 0 4"}));
 }
 
 TEST_F(ListViewTest, TakesNothingWhileItIsDisabled) {
@@ -363,7 +364,7 @@ TEST_F(ListViewTest, SurvivesRowsThatGoUnderAClick) {
   EXPECT_EQ(rowsShown(widget()), 0);
   list.ListItems.Add("EOS");
   settle();
-  EXPECT_THAT(columnShown(widget(), 1), ElementsAre("EOS"));
+  EXPECT_THAT(columnShown(widget(), 1), LinesAre({"EOS"}));
 }
 
 TEST_F(ListViewTest, SurvivesAFormThatClosesUnderAClick) {

@@ -1,11 +1,10 @@
 // The menu bar and pop-up menus on a screen.
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/wx/stage.h"
 #include "ui/controls/menu_item.h"
 
 namespace varnhold::ui::wx {
 namespace {
-
-using testing::ElementsAre;
 
 /// A form with a menu bar, a sub menu and a pop-up menu.
 class MenuForm : public Form {
@@ -54,10 +53,10 @@ TEST_F(Menus, TheBarHoldsVisibleMenusAndTheyTheirVisibleEntries) {
   auto& frame = shown();
   ASSERT_EQ(frame.GetMenuBar()->GetMenuCount(), 2u);
   EXPECT_EQ(frame.GetMenuBar()->GetMenuLabel(0), "&File");
-  EXPECT_THAT(entries(menu(frame, 0)), ElementsAre("Find / Add Computer(s)\tCtrl+F", "-", "E&xit"));
-  EXPECT_THAT(entries(menu(frame, 1)), ElementsAre("&Toolbars", "Status &Bar"));
+  EXPECT_THAT(entries(menu(frame, 0)), LinesAre({"Find / Add Computer(s)\tCtrl+F", "-", "E&xit"}));
+  EXPECT_THAT(entries(menu(frame, 1)), LinesAre({"&Toolbars", "Status &Bar"}));
   EXPECT_TRUE(menu(frame, 1).FindItemByPosition(1)->IsChecked());
-  EXPECT_THAT(entries(*menu(frame, 1).FindItemByPosition(0)->GetSubMenu()), ElementsAre("T&ools"));
+  EXPECT_THAT(entries(*menu(frame, 1).FindItemByPosition(0)->GetSubMenu()), LinesAre({"T&ools"}));
 }
 
 TEST_F(Menus, EntriesAndMenusComeAndGoAsCodeSaysSo) {
@@ -67,7 +66,7 @@ TEST_F(Menus, EntriesAndMenusComeAndGoAsCodeSaysSo) {
   form.mnuView.Visible = false;
   settle();
   EXPECT_EQ(frame.GetMenuBar()->GetMenuCount(), 1u);
-  EXPECT_THAT(entries(menu(frame, 0)), ElementsAre("Find / Add Computer(s)\tCtrl+F", "Hidden", "E&xit"));
+  EXPECT_THAT(entries(menu(frame, 0)), LinesAre({"Find / Add Computer(s)\tCtrl+F", "Hidden", "E&xit"}));
   form.mnuView.Visible = true;
   form.mnuExit.Enabled = false;
   form.mnuFind.Checked = true;
@@ -85,7 +84,7 @@ TEST_F(Menus, AChosenEntryArrivesAndItsTickIsTheFormsToSet) {
   wxCommandEvent chosen(wxEVT_MENU, entry->GetId());
   frame.HandleWindowEvent(chosen);
   settle();
-  EXPECT_THAT(journal, ElementsAre("Click"));
+  EXPECT_THAT(journal, LinesAre({"Click"}));
   EXPECT_TRUE(menu(frame, 1).FindItemByPosition(1)->IsChecked());
 }
 
@@ -94,7 +93,7 @@ TEST_F(Menus, TheClickOfAMenuDecidesAboutItsEntriesBeforeTheyAreSeen) {
   auto& frame = shown();
   wxMenuEvent opening(wxEVT_MENU_OPEN, 0, &menu(frame, 0));
   frame.HandleWindowEvent(opening);
-  EXPECT_THAT(entries(menu(frame, 0)), ElementsAre("Find / Add Computer(s)\tCtrl+F", "Hidden", "-", "E&xit"));
+  EXPECT_THAT(entries(menu(frame, 0)), LinesAre({"Find / Add Computer(s)\tCtrl+F", "Hidden", "-", "E&xit"}));
 }
 
 TEST_F(Menus, AFormThatHasOnlyPopUpMenusHasNoBar) {

@@ -1,4 +1,9 @@
 // Controls without entries: what code sets is on the screen, and what a user does is in the control.
+#include <wx/uiaction.h>
+
+#include <cmath>
+
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/wx/stage.h"
 #include "ui/controls/check_box.h"
 #include "ui/controls/label.h"
@@ -35,7 +40,7 @@ TEST_F(SimpleWidgets, AButtonShowsItsCaptionAndItsClickArrivesFromTheEventLoop) 
   sendCommand(button, wxEVT_BUTTON);
   EXPECT_THAT(journal, ElementsAre()) << "never inside the toolkit's own call";
   settle();
-  EXPECT_THAT(journal, ElementsAre("Click"));
+  EXPECT_THAT(journal, LinesAre({"Click"}));
   EXPECT_EQ(form.ActiveControl(), &form.control);
   form.Unload();
 }
@@ -62,7 +67,7 @@ TEST_F(SimpleWidgets, ACheckBoxShowsItsValueWithoutAnEventOfTheWidget) {
   form.control.Value = 1;
   EXPECT_TRUE(form.widget<wxCheckBox>().GetValue());
   settle();
-  EXPECT_THAT(journal, ElementsAre("Click")) << "the one that code set off";
+  EXPECT_THAT(journal, LinesAre({"Click"})) << "the one that code set off";
   form.Unload();
 }
 
@@ -76,7 +81,7 @@ TEST_F(SimpleWidgets, TickingABoxSetsItsValue) {
   sendCommand(box, wxEVT_CHECKBOX, 1);
   settle();
   EXPECT_EQ(form.control.Value, 1);
-  EXPECT_THAT(journal, ElementsAre("Click"));
+  EXPECT_THAT(journal, LinesAre({"Click"}));
   form.Unload();
 }
 
@@ -147,7 +152,40 @@ TEST_F(SimpleWidgets, ChoosingAnOptionClearsTheOtherAndRaisesClick) {
   settle();
   EXPECT_TRUE(form.optSecond.Value);
   EXPECT_FALSE(form.optFirst.Value);
-  EXPECT_THAT(journal, ElementsAre("Click"));
+  EXPECT_THAT(journal, LinesAre({"Click"}));
+  form.Unload();
+}
+
+TEST_F(SimpleWidgets, TheArrowKeysChooseAmongTheOptionsOfAGroupRoundFromEitherEnd) {
+  OptionForm form(screen);
+  form.optFirst.Value = true;
+  form.optFirst.Click = [&] { journal.push_back("First"); };
+  form.optSecond.Click = [&] { journal.push_back("Second"); };
+  form.Show();
+  settle();
+  form.first->SetFocus();
+  settle();
+  wxUIActionSimulator user;
+  for (const int key : {WXK_DOWN, WXK_DOWN, WXK_UP, WXK_LEFT, WXK_RIGHT}) {
+    user.Char(key);
+    settle();
+  }
+  EXPECT_TRUE(form.optSecond.Value);
+  EXPECT_TRUE(form.second->HasFocus());
+  EXPECT_FALSE(form.optAlone.Value);
+  EXPECT_THAT(journal, LinesAre({"Second", "First", "Second", "First", "Second"}));
+  form.Unload();
+}
+
+TEST_F(SimpleWidgets, ALinkCanBeReadOnItsGround) {
+  OneControlForm<Label> form(screen, makeLabel, "Click here");
+  form.Show();
+  form.control.Link = true;
+  settle();
+  const auto& text = form.widget<wxStaticText>();
+  const double contrast =
+      std::abs(text.GetForegroundColour().GetLuminance() - text.GetBackgroundColour().GetLuminance());
+  EXPECT_GE(contrast, 0.3);
   form.Unload();
 }
 
@@ -185,7 +223,7 @@ TEST_F(SimpleWidgets, ALabelThatHearsTheMouseIsToldOfAPress) {
   press.SetEventObject(&ground);
   ground.HandleWindowEvent(press);
   settle();
-  EXPECT_THAT(journal, ElementsAre("Click"));
+  EXPECT_THAT(journal, LinesAre({"Click"}));
   form.Unload();
 }
 
@@ -214,7 +252,7 @@ TEST_F(SimpleWidgets, TheFocusComesAndGoesWithTheWidget) {
   EXPECT_TRUE(stage.waitFor([&] { return form.ActiveControl() == &form.control; }));
   form.other.SetFocus();
   settle();
-  EXPECT_THAT(journal, ElementsAre("GotFocus", "LostFocus"));
+  EXPECT_THAT(journal, LinesAre({"GotFocus", "LostFocus"}));
   EXPECT_FALSE(form.widget<wxButton>().HasFocus());
   form.Unload();
 }

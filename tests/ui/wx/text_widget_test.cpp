@@ -1,14 +1,13 @@
 // Text boxes on a screen.
 #include <wx/uiaction.h>
 
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/wx/stage.h"
 #include "ui/controls/text_box.h"
 #include "ui/wx/bind_text_box.h"
 
 namespace varnhold::ui::wx {
 namespace {
-
-using testing::ElementsAre;
 
 class TextWidget : public WxTest {
  protected:
@@ -41,7 +40,7 @@ TEST_F(TextWidget, SettingTheTextRaisesOneChangeAndTheWidgetNone) {
   recordChanges();
   box.Text = "set";
   settle();
-  EXPECT_THAT(journal, ElementsAre("Change set"));
+  EXPECT_THAT(journal, LinesAre({"Change set"}));
   EXPECT_EQ(widget.GetValue(), "set");
 }
 
@@ -52,7 +51,7 @@ TEST_F(TextWidget, WhatIsEditedArrives) {
   widget.WriteText(wxString::FromUTF8("HOST\u00fc"));
   settle();
   EXPECT_EQ(box.Text, "HOST\u00fc");
-  EXPECT_THAT(journal, ElementsAre("Change HOST\u00fc"));
+  EXPECT_THAT(journal, LinesAre({"Change HOST\u00fc"}));
   EXPECT_EQ(box.SelStart, 5);
 }
 

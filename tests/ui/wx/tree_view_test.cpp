@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <wx/uiaction.h>
 
+#include "tests/fakes/lines_are.h"
 #include "tests/ui/wx/stage.h"
 #include "tests/ui/wx/tree_reader.h"
 #include "ui/wx/bind_tree_view.h"
@@ -9,10 +10,9 @@
 namespace varnhold::ui::wx {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
-const ImageList& pictures() {
+const ImageList& nodePictures() {
   static const ImageList list({"group"});
   return list;
 }
@@ -22,7 +22,7 @@ class TreeViewTest : public WxTest {
   TreeViewTest() {
     form.Width = 6000;
     form.Height = 6000;
-    tree.ImageList = &pictures();
+    tree.ImageList = &nodePictures();
     tree.NodeClick = [this](TreeNode& node) { journal.push_back("click " + node.Text); };
     tree.Expand = [this](TreeNode& node) { journal.push_back("expand " + node.Text); };
     tree.Collapse = [this](TreeNode& node) { journal.push_back("collapse " + node.Text); };
@@ -80,7 +80,7 @@ class TreeViewTest : public WxTest {
 // From the control to the widget.
 
 TEST_F(TreeViewTest, ShowsItsNodesWithTheirPictures) {
-  EXPECT_THAT(nodesShown(widget()), ElementsAre("Groups", "  Mail", "  Web", "  Branches"));
+  EXPECT_THAT(nodesShown(widget()), LinesAre({"Groups", "  Mail", "  Web", "  Branches"}));
   EXPECT_TRUE(hasPicture(widget(), 1));
   EXPECT_TRUE(hasPicture(widget(), 4));
   EXPECT_FALSE(isNodeOpen(widget(), 1));
@@ -90,11 +90,11 @@ TEST_F(TreeViewTest, ShowsNodesThatComeGoAndChange) {
   open();
   tree.Nodes("MailKey").Text = "Post";
   settle();
-  EXPECT_THAT(nodesShown(widget()), ElementsAre("Groups", "  Post", "  Web", "  Branches"));
+  EXPECT_THAT(nodesShown(widget()), LinesAre({"Groups", "  Post", "  Web", "  Branches"}));
   EXPECT_TRUE(isNodeOpen(widget(), 1));
   fill({"Web"});
   settle();
-  EXPECT_THAT(nodesShown(widget()), ElementsAre("Groups", "  Web"));
+  EXPECT_THAT(nodesShown(widget()), LinesAre({"Groups", "  Web"}));
   EXPECT_FALSE(isNodeOpen(widget(), 1)) << "the new root is closed";
 }
 
@@ -105,7 +105,7 @@ TEST_F(TreeViewTest, OpensAndClosesWhatCodeOpensAndCloses) {
   tree.Nodes(1).Expanded = false;
   settle();
   EXPECT_FALSE(isNodeOpen(widget(), 1));
-  EXPECT_THAT(journal, ElementsAre("expand Groups", "collapse Groups")) << "once each, from the code";
+  EXPECT_THAT(journal, LinesAre({"expand Groups", "collapse Groups"})) << "once each, from the code";
 }
 
 TEST_F(TreeViewTest, SelectsWhatCodeSelectsAndTellsNobody) {
@@ -147,12 +147,12 @@ TEST_F(TreeViewTest, TakesAClickAlsoOnTheSelectedNode) {
   beside.x += 12;  // lest it be a double click
   click(beside);
   click(placeOfNode(widget(), 1));
-  EXPECT_THAT(journal, ElementsAre("click Web", "click Web", "click Groups"));
+  EXPECT_THAT(journal, LinesAre({"click Web", "click Web", "click Groups"}));
 }
 
 TEST_F(TreeViewTest, OpensAndClosesByMouseWithoutAClick) {
   click(placeOfOpener(widget(), 1));
-  EXPECT_THAT(journal, ElementsAre("expand Groups"));
+  EXPECT_THAT(journal, LinesAre({"expand Groups"}));
   EXPECT_TRUE(tree.Nodes(1).Expanded.get());
   click(placeOfNode(widget(), 2));
   journal.clear();
@@ -160,7 +160,7 @@ TEST_F(TreeViewTest, OpensAndClosesByMouseWithoutAClick) {
   EXPECT_FALSE(tree.Nodes(1).Expanded.get());
   EXPECT_EQ(selected(), "Groups") << "it was closed over the selected node";
   EXPECT_EQ(nodeSelected(widget()), "Groups");
-  EXPECT_THAT(journal, ElementsAre("collapse Groups"));
+  EXPECT_THAT(journal, LinesAre({"collapse Groups"}));
 }
 
 TEST_F(TreeViewTest, MovesOpensAndClosesWithTheArrowKeys) {
@@ -171,7 +171,7 @@ TEST_F(TreeViewTest, MovesOpensAndClosesWithTheArrowKeys) {
   EXPECT_EQ(selected(), "Mail");
   press(WXK_LEFT);
   press(WXK_LEFT);
-  EXPECT_THAT(journal, ElementsAre("expand Groups", "click Mail", "click Groups", "collapse Groups"));
+  EXPECT_THAT(journal, LinesAre({"expand Groups", "click Mail", "click Groups", "collapse Groups"}));
 }
 
 TEST_F(TreeViewTest, TellsARightPressAndLeavesTheSelectionToItsHandler) {
@@ -180,7 +180,7 @@ TEST_F(TreeViewTest, TellsARightPressAndLeavesTheSelectionToItsHandler) {
   hearMouse();
   journal.clear();
   click(placeOfNode(widget(), 4), wxMOUSE_BTN_RIGHT);
-  EXPECT_THAT(journal, ElementsAre("right down on Branches", "right up on Branches"));
+  EXPECT_THAT(journal, LinesAre({"right down on Branches", "right up on Branches"}));
   EXPECT_EQ(nodeSelected(widget()), "Mail");
 }
 
@@ -199,7 +199,7 @@ TEST_F(TreeViewTest, TakesTheMenuKeyForARightPressOnTheSelectedNode) {
   hearMouse();
   journal.clear();
   press(WXK_F10, wxMOD_SHIFT);
-  EXPECT_THAT(journal, ElementsAre("right down on Web"));
+  EXPECT_THAT(journal, LinesAre({"right down on Web"}));
 }
 
 TEST_F(TreeViewTest, TakesNothingWhileItIsDisabled) {
@@ -215,7 +215,7 @@ TEST_F(TreeViewTest, SurvivesNodesThatGoUnderAClick) {
   open();
   tree.NodeClick = [this](TreeNode&) { fill({}); };
   click(placeOfNode(widget(), 3));
-  EXPECT_THAT(nodesShown(widget()), ElementsAre("Groups"));
+  EXPECT_THAT(nodesShown(widget()), LinesAre({"Groups"}));
 }
 
 TEST_F(TreeViewTest, ShowsAThousandNodesAtOnce) {

@@ -53,10 +53,14 @@ void makeFolder(const std::filesystem::path& folder) {
 }
 
 void writeWhole(const std::filesystem::path& file, std::string_view content) {
+  writeWhole(file, content, writeBytes);
+}
+
+void writeWhole(const std::filesystem::path& file, std::string_view content, WriteBytes write) {
   makeFolder(file.parent_path());
   auto beside = file;
   beside += ".new";
-  auto reason = writeBytes(beside, content);
+  auto reason = write(beside, content);
   if (!reason) std::filesystem::rename(beside, file, reason);
   if (!reason) return;
   std::error_code ignored;

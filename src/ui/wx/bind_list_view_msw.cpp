@@ -1,13 +1,13 @@
 #include <wx/listctrl.h>
 #include <wx/msw/wrapcctl.h>
 
-#include <algorithm>
-#include <iterator>
+#include <numeric>
 #include <utility>
 
 #include "ui/wx/bind_list_view.h"
 #include "ui/wx/icons.h"
 #include "ui/wx/list_view_binding.h"
+#include "ui/wx/row_sets.h"
 #include "ui/wx/wx_text.h"
 
 namespace varnhold::ui::wx {
@@ -163,16 +163,18 @@ RowSelection NativeList::selection() const {
   return selected;
 }
 
+// A message for each row that differs, or one for all of them and one for each that is then wrong.
 void NativeList::showSelection(const RowSelection& from, const RowSelection& to) {
-  std::vector<int> gone, come;
-  std::set_difference(from.rows.begin(), from.rows.end(), to.rows.begin(), to.rows.end(),
-                      std::back_inserter(gone));
-  std::set_difference(to.rows.begin(), to.rows.end(), from.rows.begin(), from.rows.end(),
-                      std::back_inserter(come));
-  if (severalRows_ && !come.empty() && static_cast<int>(to.rows.size()) == GetItemCount()) {
+  const auto gone = without(from.rows, to.rows), come = without(to.rows, from.rows);
+  const auto count = static_cast<std::size_t>(GetItemCount()), differing = gone.size() + come.size();
+  if (severalRows_ && count - to.rows.size() + 1 < differing) {
     selectEvery(true);
-  } else if (to.rows.empty()) {
+    std::vector<int> all(count);
+    std::iota(all.begin(), all.end(), 1);
+    for (const int row : without(all, to.rows)) select(row, false);
+  } else if (to.rows.size() + 1 < differing) {
     selectEvery(false);
+    for (const int row : to.rows) select(row, true);
   } else {
     for (const int row : gone) select(row, false);
     for (const int row : come) select(row, true);

@@ -1,11 +1,11 @@
 #include "ui/wx/list_view_binding.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "ui/wx/column_widths.h"
 #include "ui/wx/popup_place.h"
+#include "ui/wx/row_sets.h"
 #include "ui/wx/wx_text.h"
 
 namespace varnhold::ui::wx {
@@ -49,9 +49,7 @@ std::vector<int> widthsOf(const ui::ListView& list, const wxWindow& window) {
 /// where it is.
 int chosenRow(const RowSelection& before, const RowSelection& now) {
   if (now.focused != before.focused) return now.focused;
-  std::vector<int> come;
-  std::set_difference(now.rows.begin(), now.rows.end(), before.rows.begin(), before.rows.end(),
-                      std::back_inserter(come));
+  const auto come = without(now.rows, before.rows);
   const bool isFocusAmongThem = std::binary_search(come.begin(), come.end(), now.focused);
   return come.empty() || isFocusAmongThem ? now.focused : come.back();
 }

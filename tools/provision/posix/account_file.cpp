@@ -32,14 +32,7 @@ std::error_code writeOwnersAlone(const std::filesystem::path& file, std::string_
 }  // namespace
 
 void writeAccountFile(const std::filesystem::path& file, std::string_view accounts) {
-  auto beside = file;
-  beside += ".new";
-  auto reason = writeOwnersAlone(beside, accounts);
-  if (!reason) std::filesystem::rename(beside, file, reason);
-  if (!reason) return;
-  std::error_code ignored;
-  std::filesystem::remove(beside, ignored);
-  raiseFileError("Cannot write", file, reason);
+  writeWhole(file, accounts, writeOwnersAlone);
 }
 
 }  // namespace varnhold::provision

@@ -30,8 +30,7 @@ void frmTargets::designPages() {
   for (const auto& frequency : kPollFrequencies) cboPollFreq.AddItem(std::string(frequency.caption));
   lblAccInfo.Caption =
       "Provide an account with sufficient privilege to collect events remotely. Usually a Domain Admin "
-      "account is "
-      "required.";
+      "account is required.";
   txtPwd.PasswordChar = txtConfirmPwd.PasswordChar = "*";
 
   optWinDom.Value = true;
@@ -40,9 +39,8 @@ void frmTargets::designPages() {
   optConfig(1).Caption = "Custom Config";
   lblConfig.Caption =
       "After events are collected, they are processed at the Manager. To apply a predefined configuration, "
-      "select "
-      "'Custom' and specify that file (eg.C:\\vhaconfig.ini). You can also select 'Default' and configure "
-      "this later.";
+      "select 'Custom' and specify that file (eg.C:\\vhaconfig.ini). You can also select 'Default' and "
+      "configure this later.";
 
   optAccounts(0).Caption = "Local System account";
   optAccounts(1).Caption = "This Account:";

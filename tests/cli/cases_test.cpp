@@ -150,8 +150,7 @@ std::vector<Case> cases() {
        "",
        {"-I", "-N:HOST1"},
        {"<time> :: HOST1: Installed successfully. Warning: Could not start the service automatically. Please "
-        "try "
-        "manually."},
+        "try manually."},
        {kResolves1, kResolves1, kIni + "done", setup("HOST1", kPath, "1"), install("HOST1", kPath, "thread")},
        {kRow1},
        {"HOST1|1|" + kPath + "|0|0"}},
@@ -162,8 +161,7 @@ std::vector<Case> cases() {
        "",
        {"-I", "-N:HOST1"},
        {"<time> :: HOST1: Installed successfully. Warning: Failed to configure security. Please apply "
-        "security "
-        "settings."},
+        "security settings."},
        {kResolves1, kResolves1, kIni + "done", setup("HOST1", kPath, "1"), install("HOST1", kPath, "thread")},
        {kRow1},
        {"HOST1|1|" + kPath + "|0|0"}},
@@ -174,8 +172,7 @@ std::vector<Case> cases() {
        "",
        {"-I", "-N:HOST1"},
        {"<time> :: Failed to install on HOST1. Error: Failed to create service. This may be due to "
-        "insufficient "
-        "permission or network problems."},
+        "insufficient permission or network problems."},
        {kResolves1, kResolves1, kIni + "done", setup("HOST1", kPath, "1"), install("HOST1", kPath, "thread")},
        {kRow1},
        {}},
@@ -186,8 +183,7 @@ std::vector<Case> cases() {
        "",
        {"-I", "-N:HOST1"},
        {"<time> :: Failed to install on HOST1. Error: Unknown error. This may be due to insufficient "
-        "permission or "
-        "network problems."},
+        "permission or network problems."},
        {kResolves1, kResolves1, kIni + "done", setup("HOST1", kPath, "1"),
         install("HOST1", kPath, "no thread")},
        {kRow1},
@@ -241,8 +237,7 @@ std::vector<Case> cases() {
        {"-I", "-F:list.txt"},
        {"<time> :: Skipped: " + local +
             " - Manager (local computer). Varnhold Agent cannot be installed on local system. Because "
-            "Manager is "
-            "running on this system.",
+            "Manager is running on this system.",
         "<time> :: HOST1: Installed successfully"},
        {kResolves1, kResolves1, kIni + "done", setup(toUpper("host1"), kPath, "1"),
         install("HOST1", kPath, "thread")},
@@ -298,9 +293,8 @@ std::vector<Case> cases() {
        "",
        {"-U", "-N:HOST1"},
        {"<time> :: Could not uninstall Varnhold Agent on HOST1. Error: Communication with the remote host "
-        "timed out. "
-        "If the install was successful before communication was lost events from the remote host will be "
-        "received."},
+        "timed out. If the install was successful before communication was lost events from the remote host "
+        "will be received."},
        {kResolves1, uninstall("HOST1", "0", "thread")},
        {kRow1},
        {R"(HOST1|1|C:\OLD|0|0)"}},

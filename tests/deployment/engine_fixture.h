@@ -101,6 +101,16 @@ class EngineTest : public WizardTest {
     inventory.store(details);
     return addUnknownComputer(name, status);
   }
+  /// The same, with an agent.
+  fakes::FakeComputer& addAgentBased(const std::string& name, const std::string& status = kStandard,
+                                     int type = 7) {
+    inventory.addAgent(name, 1);
+    return addComputer(name, status, type);
+  }
+  fakes::FakeComputer& addAgentless(const std::string& name) {
+    inventory.addAgent(name, 1, 1);
+    return addComputer(name, kAgentless);
+  }
   void chooseAgentless() {
     targets.OptAgentbased.Value.settle(false);
     targets.OptAgentless.Value.settle(true);
@@ -202,8 +212,7 @@ class EngineTest : public WizardTest {
   static inline const std::string kRemins = R"(C:\VARNHOLD\RemoteInstaller\remins)";
   static inline const std::string kRestartFailed =
       "MessageBox critical: The 'Varnhold Agent' service could not be restarted. Please restart manually to "
-      "apply "
-      "the new settings.";
+      "apply the new settings.";
 
  private:
   Engine engine_;

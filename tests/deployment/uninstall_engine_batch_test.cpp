@@ -14,15 +14,6 @@ class UninstallBatch : public EngineTest {
  protected:
   UninstallBatch() : EngineTest(UninstallAgents, 2) {}
 
-  fakes::FakeComputer& addAgentBased(const std::string& name, const std::string& status = kStandard,
-                                     int type = 7) {
-    inventory.addAgent(name, 1);
-    return addComputer(name, status, type);
-  }
-  fakes::FakeComputer& addAgentless(const std::string& name) {
-    inventory.addAgent(name, 1, 1);
-    return addComputer(name, kAgentless);
-  }
   void addThree() {
     for (const auto* name : {"HOST1", "HOST2", "HOST3"}) addAgentless(name);
   }

@@ -15,8 +15,7 @@ using testing::SizeIs;
 
 const std::string kNoServiceQuestion =
     "MessageBox question: Agent service on 'HOST1' does not exist. Do you want to remove it from Manager "
-    "config "
-    "anyway?";
+    "config anyway?";
 const std::string kNotInstalled =
     "Skipped: Either Agent is not installed or it does not belong to this manager";
 
@@ -24,14 +23,6 @@ class UninstallEngine : public EngineTest {
  protected:
   UninstallEngine() : EngineTest(UninstallAgents, 2) {}
 
-  fakes::FakeComputer& addAgentBased(const std::string& name, const std::string& status = kStandard) {
-    inventory.addAgent(name, 1);
-    return addComputer(name, status);
-  }
-  fakes::FakeComputer& addAgentless(const std::string& name) {
-    inventory.addAgent(name, 1, 1);
-    return addComputer(name, "Managed - Agentless Mode");
-  }
   static std::string uninstalls(const std::string& name, int thread, const std::string& kind = "") {
     return R"(qrvCUninstall [SystemName=\\)" + name + ", KeepSnapshots=0" + kind + "] " + kRemins + " -> " +
            std::to_string(thread);

@@ -10,15 +10,6 @@ class UninstallJournal : public EngineJournalTest {
  protected:
   UninstallJournal() : EngineJournalTest(UninstallAgents, 2) {}
 
-  fakes::FakeComputer& addAgentBased(const std::string& name, const std::string& status = kStandard,
-                                     int type = 7) {
-    inventory.addAgent(name, 1);
-    return addComputer(name, status, type);
-  }
-  fakes::FakeComputer& addAgentless(const std::string& name) {
-    inventory.addAgent(name, 1, 1);
-    return addComputer(name, kAgentless);
-  }
   static std::string uninstalls(const std::string& name, int thread, const std::string& kind = "") {
     return R"(qrvCUninstall [SystemName=\\)" + name + ", KeepSnapshots=0" + kind + "] " + kRemins + " -> " +
            std::to_string(thread);

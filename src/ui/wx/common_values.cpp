@@ -60,7 +60,10 @@ void showBackColour(wxWindow& widget, SystemColor wanted) {
 void layOut(wxWindow& top, bool refit) {
   auto* sizer = top.GetSizer();
   if (sizer == nullptr) return;
-  if (refit && !top.HasFlag(wxRESIZE_BORDER)) {
+  const bool mayShrink = refit && !top.HasFlag(wxRESIZE_BORDER);
+  // On GTK a window that is given the size it has, before it has taken in what its manager says of the frame,
+  // is left without any width.
+  if (mayShrink && sizer->ComputeFittingClientSize(&top) != top.GetClientSize()) {
     sizer->SetSizeHints(&top);
     return;
   }

@@ -7,6 +7,7 @@
 #include "deployment/frmRemedialActionHelp.h"
 #include "tests/fakes/fake_host.h"
 #include "tests/ui/wx/complete_form.h"
+#include "ui/wx/acts.h"
 
 namespace varnhold::ui::wx {
 namespace {
@@ -204,10 +205,9 @@ TEST_F(WizardPages, HearTheKeysBehindTheButtonThatWentDarkUnderItsClick) {
   form.Operation = 1;
   form.CurrentPage = 5;
   form.OptAgentbased.Value = true;
-  wxTimer later;
-  later.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+  const auto work = [&] {
     auto& frame = dynamic_cast<wxTopLevelWindow&>(window());
-    stage.waitFor([&] { return frame.IsActive(); });
+    EXPECT_TRUE(stage.waitFor([&] { return frame.IsActive(); }));
     auto* advanced = wxWindow::FindWindowByLabel(form.cmdAdvanced.Caption.get(), &frame);
     advanced->SetFocus();
     settle();
@@ -219,7 +219,10 @@ TEST_F(WizardPages, HearTheKeysBehindTheButtonThatWentDarkUnderItsClick) {
     settle();
     EXPECT_FALSE(form.isLoaded()) << "Escape is Cancel";
     form.Unload();
-  });
+  };
+  // As a user's act, which waits while the form is painted.
+  wxTimer later;
+  later.Bind(wxEVT_TIMER, [&](wxTimerEvent&) { acts().post(work); });
   later.StartOnce(50);
   form.ShowModal();
 }

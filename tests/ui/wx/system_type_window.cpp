@@ -1,5 +1,5 @@
-// The form of a computer's type, as the console fills it, for its picture: the entry that opens it is hidden at
-// each pop-up. It closes when its standard input ends.
+// The form of a computer's type, as the console fills it, for its picture: the entry that opens it is hidden
+// at each pop-up. It closes when its standard input ends.
 #include <iostream>
 #include <string>
 #include <thread>

@@ -115,10 +115,8 @@ HWND windowOf(DWORD process, const std::wstring& title) {
   return nullptr;
 }
 
-std::vector<std::wstring> titlesOf(DWORD process) {
-  std::vector<std::wstring> titles;
-  for (auto* window : windowsOf(process)) titles.push_back(textOf(window));
-  return titles;
+bool showsWindow(DWORD process) {
+  return !windowsOf(process).empty();
 }
 
 std::wstring classOf(HWND window) {

@@ -17,8 +17,8 @@ namespace varnhold::windows_test {
 
 /// The visible window of that process with exactly this title, or null.
 [[nodiscard]] HWND windowOf(DWORD process, const std::wstring& title);
-/// The titles of all visible windows of that process.
-[[nodiscard]] std::vector<std::wstring> titlesOf(DWORD process);
+/// Whether that process shows any window. Asks nothing of it: it may be too busy to answer.
+[[nodiscard]] bool showsWindow(DWORD process);
 /// All visible children, in the order of the focus; or those of that window class.
 [[nodiscard]] std::vector<HWND> childrenOf(HWND window);
 [[nodiscard]] std::vector<HWND> childrenOf(HWND window, const std::wstring& windowClass);

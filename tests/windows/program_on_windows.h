@@ -96,8 +96,9 @@ class ProgramOnWindows : public testing::Test {
   [[nodiscard]] NativeList list() const { return NativeList(childOf(window(), L"SysListView32")); }
   [[nodiscard]] NativeTree tree() const { return NativeTree(childOf(window(), L"SysTreeView32")); }
   [[nodiscard]] bool waitForNames(const Names& names) const {
-    const bool found = waitFor([&] { return list().names() == names; }, 30);
-    EXPECT_EQ(list().names(), names);
+    Names shown;
+    const bool found = waitFor([&] { return (shown = list().names()) == names; }, 30);
+    EXPECT_EQ(shown, names);
     return found;
   }
   /// By the mnemonics of a menu and of its entry.

@@ -58,7 +58,7 @@ class HeldInventory {
 TEST_F(ConsoleOnWindows, ASecondStartWhileTheFirstIsStartingSaysSoAndEnds) {
   HeldInventory held;
   start();
-  ASSERT_TRUE(waitFor([&] { return !titlesOf(process_->id()).empty(); })) << "no splash";
+  ASSERT_TRUE(waitFor([&] { return showsWindow(process_->id()); })) << "no splash";
   const Process second(stage_.home() / "AgentInstaller.exe");
   HWND box = nullptr;
   ASSERT_TRUE(waitFor([&] { return (box = windowOf(second.id(), L"Varnhold - System Manager")) != nullptr; }))

@@ -13,7 +13,7 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr int kRows = 30000;
+constexpr int kRows = 8000;  // many more than a turn takes
 
 class LargeSelection : public WxTest {
  protected:

@@ -101,7 +101,7 @@ class Form : public Component {
   /// The user pressed a key anywhere on the form. The entry with that shortcut is chosen; without one,
   /// Form_KeyDown, and, unless that set the key to 0, Enter and Escape press their buttons.
   void userKeyDown(int key, int modifiers = kNoModifier);
-  /// The user pressed Alt and a letter: its owner answers; of several the next in tab order gets the focus.
+  /// Alt and a letter: its owner answers, no label where another has it; of several the next gets the focus.
   void userMnemonic(char32_t letter);
 
   /// Moves the focus, with its events. For controls.

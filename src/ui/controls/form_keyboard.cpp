@@ -6,6 +6,7 @@
 #include "ui/controls/caption.h"
 #include "ui/controls/command_button.h"
 #include "ui/controls/form.h"
+#include "ui/controls/label.h"
 #include "ui/controls/menu_item.h"
 #include "ui/controls/screen.h"
 
@@ -125,6 +126,9 @@ void Form::userMnemonic(char32_t letter) {
   std::vector<Control*> owners;
   std::copy_if(middle, controls_.end(), std::back_inserter(owners), answers);
   std::copy_if(controls_.begin(), middle, std::back_inserter(owners), answers);
+  // A label that names a button by its caption does not stand in its way.
+  const auto isLabel = [](const Control* control) { return dynamic_cast<const Label*>(control) != nullptr; };
+  if (!std::all_of(owners.begin(), owners.end(), isLabel)) std::erase_if(owners, isLabel);
   if (owners.empty()) return;
   if (owners.size() == 1) {
     owners.front()->userMnemonic();

@@ -22,6 +22,7 @@ int main() {
   auto& form = forms.frmSystemType;
   form.freInfo.Caption = "System: ATLAS";
   form.lblIPA.Caption = "10.1.1.11";
+  form.cmbSysType.Text = "Windows 2000 - Server";
   form.txtDes.Text = "File server";
   form.lblAgents.Caption = "Managed - High Performance Mode";
   const auto window = toolkit.createWindow(form);

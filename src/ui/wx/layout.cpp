@@ -49,10 +49,12 @@ void SharedPlace::RepositionChildren(const wxSize&) {
 
 void coverWhileShown(wxWindow& below, wxWindow& above) {
   below.Show(!above.IsShown());
-  above.Bind(wxEVT_SHOW, [&below](wxShowEvent& event) {
+  // On Windows a window that goes away hides itself on the way, and the one below may have gone before it.
+  above.Bind(wxEVT_SHOW, [covered = wxWeakRef<wxWindow>(&below)](wxShowEvent& event) {
     event.Skip();
-    below.Show(!event.IsShown());
-    layoutSoon(below);
+    if (!covered) return;
+    covered->Show(!event.IsShown());
+    layoutSoon(*covered);
   });
 }
 

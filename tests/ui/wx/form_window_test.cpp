@@ -4,6 +4,7 @@
 #include "tests/fakes/lines_are.h"
 #include "tests/ui/wx/stage.h"
 #include "ui/controls/timer.h"
+#include "ui/wx/layout.h"
 #include "ui/wx/twips.h"
 
 namespace varnhold::ui::wx {
@@ -203,6 +204,21 @@ TEST_F(FormWindows, RefreshPaintsAndLetsNoActThrough) {
   EXPECT_THAT(journal, ElementsAre());
   settle();
   EXPECT_THAT(journal, LinesAre({"OK"}));
+}
+
+TEST_F(FormWindows, LeaveAloneWhatWasCoveredOnceItIsGone) {
+  auto* frame = new wxFrame(nullptr, wxID_ANY, "Covers");
+  auto* below = new wxPanel(frame);
+  auto* above = new wxPanel(frame);
+  coverWhileShown(*below, *above);
+  EXPECT_FALSE(below->IsShown());
+  above->Hide();
+  EXPECT_TRUE(below->IsShown());
+  below->Destroy();
+  above->Show();
+  EXPECT_TRUE(above->IsShown());
+  settle();
+  frame->Destroy();
 }
 
 }  // namespace
